@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <cstdint>
+#include <vector>
+
+namespace Orvane {
+
+// The texts of one language, looked up by number. Every word the program
+// shows comes from here.
+class Text_Table {
+public:
+    struct Text_Record {
+        int16_t number = 0;
+        QString text;
+    };
+
+    // Reads folder + "/Lang.ini" for the language named language_name.
+    // False on any refusal; the version refusal shows its own message box.
+    bool Load_Language(const QString& folder, const QString& language_name);
+
+    // The text of a number, empty when the number is not found.
+    QString Get_Text(int16_t number) const;
+
+    const QStringList& Language_Names() const { return language_names_; }
+    int16_t Language_Count() const { return int16_t(language_names_.size()); }
+    int16_t Language_Column() const { return language_column_; }
+    const std::vector<Text_Record>& Records() const { return records_; }
+
+    // Detail line of the last failure message; other readers use it as their
+    // scratch message too.
+    QString Language_Error;
+
+private:
+    QStringList language_names_;
+    int16_t language_column_ = 0;
+    std::vector<Text_Record> records_;
+};
+
+} // namespace Orvane

@@ -1,0 +1,129 @@
+#include "media/media_generator.h"
+
+#include <gst/gst.h>
+
+#include <QFile>
+#include <cmath>
+#include <memory>
+
+namespace Orvane::Media_Generator {
+
+namespace {
+
+struct Object_Unref {
+    void operator()(gpointer object) const { gst_object_unref(object); }
+};
+struct Message_Unref {
+    void operator()(GstMessage* message) const { gst_message_unref(message); }
+};
+
+constexpr int Audio_Rate = 44100;
+constexpr int Samples_Per_Buffer = 1024;
+constexpr int Video_Rate = 25;
+
+int Audio_Buffers(double seconds) { return int(std::ceil(seconds * Audio_Rate / Samples_Per_Buffer)); }
+int Video_Frames(double seconds) { return int(std::ceil(seconds * Video_Rate)); }
+
+QString Tone(int frequency, double seconds)
+{
+    return QStringLiteral("audiotestsrc wave=sine volume=0.5 freq=%1 num-buffers=%2 samplesperbuffer=%3 "
+                          "! audio/x-raw,rate=%4,channels=2 ")
+        .arg(frequency)
+        .arg(Audio_Buffers(seconds))
+        .arg(Samples_Per_Buffer)
+        .arg(Audio_Rate);
+}
+
+QString Pattern(double seconds, int width, int height)
+{
+    return QStringLiteral("videotestsrc pattern=smpte horizontal-speed=4 num-buffers=%1 "
+                          "! video/x-raw,format=I420,width=%2,height=%3,framerate=%4/1 ")
+        .arg(Video_Frames(seconds))
+        .arg(width)
+        .arg(height)
+        .arg(Video_Rate);
+}
+
+QString Quoted(const QString& path)
+{
+    QString escaped = path;
+    escaped.replace(u'\\', QStringLiteral("\\\\")).replace(u'"', QStringLiteral("\\\""));
+    return u'"' + escaped + u'"';
+}
+
+} // namespace
+
+bool Run_Pipeline(const QString& launch_description, QString* error)
+{
+    GError* parse_error = nullptr;
+    std::unique_ptr<GstElement, Object_Unref> pipeline(
+        gst_parse_launch(launch_description.toUtf8().constData(), &parse_error));
+    if (parse_error) {
+        if (error)
+            *error = QString::fromUtf8(parse_error->message);
+        g_error_free(parse_error);
+        if (pipeline)
+            gst_element_set_state(pipeline.get(), GST_STATE_NULL);
+        return false;
+    }
+    std::unique_ptr<GstBus, Object_Unref> bus(gst_element_get_bus(pipeline.get()));
+    gst_element_set_state(pipeline.get(), GST_STATE_PLAYING);
+    std::unique_ptr<GstMessage, Message_Unref> message(gst_bus_timed_pop_filtered(
+        bus.get(), 60 * GST_SECOND, GstMessageType(GST_MESSAGE_EOS | GST_MESSAGE_ERROR)));
+    bool finished = message && GST_MESSAGE_TYPE(message.get()) == GST_MESSAGE_EOS;
+    if (!finished && error) {
+        if (!message) {
+            *error = QStringLiteral("timed out");
+        } else {
+            GError* run_error = nullptr;
+            gst_message_parse_error(message.get(), &run_error, nullptr);
+            *error = QString::fromUtf8(run_error->message);
+            g_error_free(run_error);
+        }
+    }
+    gst_element_set_state(pipeline.get(), GST_STATE_NULL);
+    return finished;
+}
+
+bool Avi(const QString& path, double seconds, const std::vector<int>& frequencies, int width,
+         int height, QString* error)
+{
+    QString description = Pattern(seconds, width, height)
+        + QStringLiteral("! avenc_mpeg4 ! avimux name=mux ! filesink location=%1 ").arg(Quoted(path));
+    for (int frequency : frequencies)
+        description += Tone(frequency, seconds) + QStringLiteral("! lamemp3enc ! mux. ");
+    return Run_Pipeline(description, error);
+}
+
+bool Mpeg1_System(const QString& path, double seconds, int frequency, QString* error)
+{
+    // mplex format 0 writes an MPEG-1 system stream, as on a video CD.
+    const QString description = Pattern(seconds, 352, 288)
+        + QStringLiteral("! mpeg2enc format=0 ! mplex name=mux format=0 ! filesink location=%1 ")
+              .arg(Quoted(path))
+        + Tone(frequency, seconds) + QStringLiteral("! twolamemp2enc ! mux.");
+    return Run_Pipeline(description, error);
+}
+
+bool Wav(const QString& path, double seconds, int frequency, QString* error)
+{
+    return Run_Pipeline(Tone(frequency, seconds)
+                            + QStringLiteral("! wavenc ! filesink location=%1").arg(Quoted(path)),
+                        error);
+}
+
+bool Mp3(const QString& path, double seconds, int frequency, QString* error)
+{
+    return Run_Pipeline(Tone(frequency, seconds)
+                            + QStringLiteral("! lamemp3enc ! filesink location=%1").arg(Quoted(path)),
+                        error);
+}
+
+bool Mp2(const QString& path, double seconds, int frequency, QString* error)
+{
+    return Run_Pipeline(Tone(frequency, seconds)
+                            + QStringLiteral("! twolamemp2enc ! filesink location=%1").arg(Quoted(path)),
+                        error);
+}
+
+} // namespace Orvane::Media_Generator
