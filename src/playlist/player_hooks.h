@@ -18,6 +18,10 @@ public:
     virtual void Associated_Audio_Added(int track, int count) = 0;
     virtual void Clear_Audio_Menus(int track) = 0;
     virtual void Refresh_Display() = 0;
+    // The current track lost an associated audio file (its menus were cleared
+    // before, Audio_Choice is already adjusted): rebuild the menus; when the
+    // file was the one heard it is still rendered, so reopen the track.
+    virtual void Associated_Audio_Removed(int /*track*/, bool /*was_heard*/) {}
 };
 
 class No_Player_Hooks : public Player_Hooks {
