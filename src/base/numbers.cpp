@@ -45,11 +45,16 @@ int Numeric_Prefix_Length(const QString& text, int from)
     return i - from;
 }
 
+// A number too large for a double is an overflow, as the conversion
+// statements of the file formats' own language raise it.
 double Parse_Prefix(const QString& text, int from, int length)
 {
     QString number = text.mid(from, length);
     number.replace(u'd', u'e').replace(u'D', u'e');
-    return number.toDouble();
+    const double value = number.toDouble();
+    if (!std::isfinite(value))
+        throw Reader_Error::Overflow();
+    return value;
 }
 
 } // namespace
@@ -101,7 +106,10 @@ bool Text_To_Boolean(const QString& text)
 
 QString Printed_Number(double value)
 {
-    const QString digits = QString::number(std::fabs(value), 'g', 15);
+    QString digits = QString::number(std::fabs(value), 'g', 15).toUpper();
+    // The statement writes no zero before the decimal point: 0.5 is " .5 ".
+    if (digits.startsWith(QLatin1String("0.")))
+        digits.remove(0, 1);
     return (value < 0 ? QStringLiteral("-") : QStringLiteral(" ")) + digits + u' ';
 }
 
