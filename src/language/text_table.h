@@ -16,11 +16,20 @@ public:
         QString text;
     };
 
+    // The version the first line of the language file must hold, exactly.
+    static constexpr const char* Release = "0.5b";
+
     // Reads folder + "/Lang.ini" for the language named language_name.
-    // False on any refusal; the version refusal shows its own message box.
+    // False on any refusal; the version refusal shows its own message box, a
+    // missing file and non-empty lines 2 or 4 refuse without a word, and a
+    // damaged text line or a file ending before its first text line refuse
+    // with the same box naming the fault. A refusal leaves the table as far
+    // as it was rebuilt.
     bool Load_Language(const QString& folder, const QString& language_name);
 
-    // The text of a number, empty when the number is not found.
+    // The text of a number, empty when the number is not found. Of two
+    // records with the same number the earlier wins; the last record is
+    // never searched, so the file's last text line cannot be found.
     QString Get_Text(int16_t number) const;
 
     const QStringList& Language_Names() const { return language_names_; }
@@ -33,6 +42,11 @@ public:
     QString Language_Error;
 
 private:
+    // Shows "Error in Lang.ini", Language_Error and the closing line.
+    void Language_File_Error() const;
+    // False, with Language_Error set, for a line that holds no text.
+    bool Add_Text_Line(const QString& line, int line_number);
+
     QStringList language_names_;
     int16_t language_column_ = 0;
     std::vector<Text_Record> records_;
