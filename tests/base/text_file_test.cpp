@@ -19,10 +19,14 @@ QStringList Read_All(const QString& path)
     return lines;
 }
 
-int Open_Error(const QString& path)
+// The error raised when opening path and reading one line past its end.
+int Read_Error(const QString& path)
 {
     try {
         Text_File_Reader reader(path);
+        while (!reader.At_End())
+            reader.Read_Line();
+        reader.Read_Line();
     } catch (const Reader_Error& error) {
         return error.Number();
     }
@@ -34,60 +38,43 @@ TEST(Text_File_Reader, DecodesUtf8OrWindows1252AndDropsTheMark)
     Temp_Folder folder;
     EXPECT_EQ(Read_All(folder.Write("u.txt", "\xEF\xBB\xBF" "Fran\xC3\xA7" "ais\r\n")),
               QStringList{QString::fromUtf8("Français")});
-    // 0x80 is the euro sign in Windows-1252, not the Latin-1 control.
+    // 0x80 is the euro sign in Windows-1252; a sequence cut short is not UTF-8.
     EXPECT_EQ(Read_All(folder.Write("w.txt", "Fran\xE7" "ais \x80\r\n")),
               QStringList{QString::fromUtf8("Français €")});
-    // A byte sequence cut in the middle is not UTF-8.
     EXPECT_EQ(Read_All(folder.Write("c.txt", "ab\xC3")), QStringList{QString::fromUtf8("abÃ")});
 }
 
-TEST(Text_File_Reader, SplitsAtCrLfOrLfAndFailsPastTheEnd)
+TEST(Text_File_Reader, SplitsAtCrLfOrLfAndNumbersItsErrors)
 {
     Temp_Folder folder;
-    Text_File_Reader reader(folder.Write("l.txt", "one\r\n\r\ntwo\nthree"));
-    EXPECT_EQ(reader.Read_Line(), "one");
-    EXPECT_EQ(reader.Read_Line(), "");
-    EXPECT_EQ(reader.Read_Line(), "two");
-    EXPECT_EQ(reader.Read_Line(), "three");
-    EXPECT_EQ(reader.Line_Number(), 4);
-    EXPECT_TRUE(reader.At_End());
-    try {
-        reader.Read_Line();
-        FAIL() << "read past the end";
-    } catch (const Reader_Error& error) {
-        EXPECT_EQ(error.Number(), 62);
-        EXPECT_EQ(error.Description(), "Input past end of file");
-    }
-    // A final line end does not start another line.
+    EXPECT_EQ(Read_All(folder.Write("l.txt", "one\r\n\r\ntwo\nthree")),
+              (QStringList{"one", "", "two", "three"}));
     EXPECT_EQ(Read_All(folder.Write("e.txt", "a\r\n\r\n")), (QStringList{"a", ""}));
-    EXPECT_TRUE(Read_All(folder.Write("empty.txt", "")).isEmpty());
+    EXPECT_EQ(Read_Error(folder.File("e.txt")), 62);
+    EXPECT_EQ(Read_Error(folder.Write("empty.txt", "")), 62);
+    EXPECT_EQ(Read_Error(folder.File("missing.txt")), 53);
+    EXPECT_EQ(Read_Error(folder.Path()), 75);
 }
 
-TEST(Text_File_Reader, MissingFileIs53AndAFolderIs75)
-{
-    Temp_Folder folder;
-    EXPECT_EQ(Open_Error(folder.File("missing.txt")), 53);
-    EXPECT_EQ(Open_Error(folder.Path()), 75);
-}
-
-TEST(Write_Text_Lines, WritesUtf8WithCrLfAndReplacesTheWholeFile)
+TEST(Write_Text_Lines, ReplacesTheWholeFileOrLeavesWhatWasThere)
 {
     Temp_Folder folder;
     const QString path = folder.Write("out.txt", QByteArray(100, 'x'));
     ASSERT_TRUE(Write_Text_Lines(path, {QString::fromUtf8("é"), ""}));
     EXPECT_EQ(folder.Read("out.txt"), "\xC3\xA9\r\n\r\n");
-}
 
-TEST(Write_Text_Lines, AFailedWriteLeavesWhatWasThere)
-{
-    Temp_Folder folder;
-    ASSERT_TRUE(QDir(folder.Path()).mkdir("target"));
-    folder.Write("target/inside.txt", "kept");
+    ASSERT_TRUE(QDir(folder.Path()).mkpath("target/inside"));
     EXPECT_FALSE(Write_Text_Lines(folder.File("target"), {"new"}));
-    EXPECT_EQ(folder.Read("target/inside.txt"), "kept");
+    EXPECT_TRUE(QDir(folder.File("target/inside")).exists());
     EXPECT_EQ(QDir(folder.Path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden),
-              QStringList{"target"});
+              (QStringList{"out.txt", "target"}));  // no temporary file left behind
     EXPECT_FALSE(Write_Text_Lines(folder.File("no/such/folder.txt"), {"new"}));
+
+    // The temporary file's name is too long to be made: the old file stays.
+    const QString long_name = QString(250, u'n');
+    folder.Write(long_name, "old\r\n");
+    EXPECT_FALSE(Write_Text_Lines(folder.File(long_name), {"new"}));
+    EXPECT_EQ(folder.Read(long_name), "old\r\n");
 }
 
 } // namespace

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QStringList>
+
+namespace Orvane {
+
+// `orvane --check FILE [--language NAME]`: reads FILE with the program's own
+// reader, chosen by its name, without opening any window, and prints what
+// the reader understood ("OK" and the values) or "ERROR:" followed by the
+// text of the message box it would have shown, line feeds printed " / ".
+//   - "Lang.ini": the language file, for the language NAME (by default the
+//     language of the configuration file beside the executable);
+//   - any other "*.ini": a configuration file, with the language file beside
+//     the executable.
+// arguments are the whole command line, program name first. Returns 0 when
+// the file was accepted, 1 when it was refused, 2 when the command line is
+// not understood.
+int Run_Check(const QStringList& arguments);
+
+} // namespace Orvane
