@@ -1,5 +1,7 @@
 #include "app/check_command.h"
 
+#include "app/check_media_files.h"
+
 #include "config/config_file.h"
 #include "config/settings.h"
 #include "language/text_table.h"
@@ -126,9 +128,13 @@ int Dispatch(const Check_Request& request, QTextStream& out)
         return Check_Language_File(request, out);
     if (name.endsWith(QLatin1String(".ini"), Qt::CaseInsensitive))
         return Check_Config_File(request, out);
-    // >>> Subtitle (".sub") and playlist (".orx", ".m3u") checks plug in
-    // here: one branch per kind calling a function of its own file with the
-    // request's file and out, returning Accepted or Refused.
+    // Further kinds plug in here: one branch per kind calling a function of
+    // its own file with the request's file and out.
+    if (name.endsWith(QLatin1String(".sub"), Qt::CaseInsensitive))
+        return Check_Subtitle_File(request.file, out);
+    if (name.endsWith(QLatin1String(".orx"), Qt::CaseInsensitive)
+        || name.endsWith(QLatin1String(".m3u"), Qt::CaseInsensitive))
+        return Check_Playlist_File(request.file, out);
     QTextStream(stderr) << "orvane --check: no check for files such as " << name << Qt::endl;
     return Not_Understood;
 }

@@ -11,7 +11,8 @@ namespace Orvane {
 //   - "Lang.ini": the language file, for the language NAME (by default the
 //     language of the configuration file beside the executable);
 //   - any other "*.ini": a configuration file, with the language file beside
-//     the executable.
+//     the executable;
+//   - "*.sub", "*.orx", "*.m3u": subtitle and playlist files (check_media_files.h).
 // arguments are the whole command line, program name first. Returns 0 when
 // the file was accepted, 1 when it was refused, 2 when the command line is
 // not understood.
