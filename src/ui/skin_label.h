@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QColor>
+#include <QLabel>
+
+namespace Orvane {
+
+// A one-line text over the skin (Lbl_ control). Text that does not fit ends
+// in an ellipsis. A plain label lets mouse presses through to the window
+// (which drags itself); a clickable one takes them and reports clicks.
+class Skin_Label : public QLabel {
+    Q_OBJECT
+public:
+    explicit Skin_Label(const QString& text = QString(), QWidget* parent = nullptr);
+
+    void Set_Clickable(bool clickable);
+    bool Is_Clickable() const { return clickable_; }
+    void Set_Colors(const QColor& normal, const QColor& hovered = QColor());
+
+signals:
+    void Clicked();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    bool clickable_ = false;
+    bool pressed_ = false;
+    bool hovered_ = false;
+    QColor normal_color_;
+    QColor hovered_color_;
+};
+
+} // namespace Orvane
