@@ -1,0 +1,13 @@
+#pragma once
+
+#include "media/gst_ref.h"
+
+namespace Orvane {
+
+// The sink that plays the sound of the open media: the gst-launch description
+// in ORVANE_AUDIO_SINK when set (tests record through an appsink), else
+// autoaudiosink; when no audio device can be opened, a fakesink sync=true
+// keeps the clock running without sound and a warning is printed.
+Element_Ref Make_Audio_Output();
+
+} // namespace Orvane

@@ -1,0 +1,453 @@
+#include "media/playback_pipeline.h"
+
+#include "media/audio_output.h"
+#include "media/gst_walk.h"
+#include "media/media_kind.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace Orvane {
+
+namespace {
+
+constexpr int Selector_Index = 0;
+constexpr int Format_Index = 3;
+constexpr int Volume_Index = 4;
+
+QString Error_Text(GstMessage* message)
+{
+    GError* raw_error = nullptr;
+    gst_message_parse_error(message, &raw_error, nullptr);
+    G_Error error(raw_error);
+    return error ? QString::fromUtf8(error->message) : QStringLiteral("unknown error");
+}
+
+bool Descends_From(GstObject* object, GstElement* ancestor)
+{
+    return object && ancestor
+        && (object == GST_OBJECT(ancestor) || gst_object_has_as_ancestor(object, GST_OBJECT(ancestor)));
+}
+
+// Adds elements to the bin, links them in order and brings them to the bin's
+// state, the most downstream first so nothing pushes into a stopped element.
+bool Add_Chain(GstBin* bin, const std::vector<GstElement*>& chain)
+{
+    for (GstElement* element : chain)
+        if (!gst_bin_add(bin, element))
+            return false;
+    for (size_t i = 1; i < chain.size(); ++i)
+        if (!gst_element_link(chain[i - 1], chain[i]))
+            return false;
+    for (auto element = chain.rbegin(); element != chain.rend(); ++element)
+        gst_element_sync_state_with_parent(*element);
+    return true;
+}
+
+bool Link_Pads(GstPad* source, GstElement* element, const char* sink_name = "sink")
+{
+    Pad_Ref sink = Pad_Ref::Adopt(gst_element_get_static_pad(element, sink_name));
+    return sink && GST_PAD_LINK_SUCCESSFUL(gst_pad_link(source, sink.get()));
+}
+
+} // namespace
+
+struct Playback_Pipeline::Associated_Branch {
+    Playback_Pipeline* Owner = nullptr;
+    Element_Ref Source;
+    Element_Ref Decoder;
+    Signal_Connection Pad_Added;
+    Signal_Connection No_More_Pads;
+    // Guarded by the owner's mutex_.
+    Pad_Ref Selector_Pad;
+    bool Failed = false;
+    QString Error;
+};
+
+Playback_Pipeline::Playback_Pipeline(int pipeline_id, Frame_Mailbox& mailbox)
+    : video_(std::make_unique<Video_Frame_Sink>(mailbox, pipeline_id))
+{
+}
+
+Playback_Pipeline::~Playback_Pipeline()
+{
+    // Stops every streaming thread before the callbacks' objects go.
+    if (pipeline_)
+        gst_element_set_state(pipeline_.get(), GST_STATE_NULL);
+    // Chains that never joined the pipeline (a file without sound) may have
+    // left NULL: the audio output opens its device on its own.
+    for (const Element_Ref& element : audio_chain_)
+        if (element)
+            gst_element_set_state(element.get(), GST_STATE_NULL);
+}
+
+std::unique_ptr<Playback_Pipeline> Playback_Pipeline::Open(const QString& path, int pipeline_id,
+                                                           Frame_Mailbox& mailbox,
+                                                           Duration_Limit limit, QString& error)
+{
+    std::unique_ptr<Playback_Pipeline> pipeline(new Playback_Pipeline(pipeline_id, mailbox));
+    if (!pipeline->Build(path, error) || !pipeline->Preroll(limit, error))
+        return nullptr;
+    pipeline->video_size_ = pipeline->video_->Frame_Size();
+    pipeline->Fix_Audio_Format();
+    pipeline->Duration();
+    return pipeline;
+}
+
+bool Playback_Pipeline::Build(const QString& path, QString& error)
+{
+    if (!QFileInfo(path).isReadable()) {
+        error = QStringLiteral("Cannot read \"%1\"").arg(path);
+        return false;
+    }
+    pipeline_ = Element_Ref::Sink(gst_pipeline_new("playback"));
+    const Element_Ref source = Make_Element("filesrc", "file_source");
+    decoder_ = Make_Element("decodebin", "file_decoder");
+    audio_chain_ = {Make_Element("input-selector", "audio_selector"),
+                    Make_Element("audioconvert", "audio_convert"),
+                    Make_Element("audioresample", "audio_resample"),
+                    Make_Element("capsfilter", "audio_format"),
+                    Make_Element("volume", "audio_volume"),
+                    Make_Audio_Output()};
+    bool complete = pipeline_ && source && decoder_ && video_->Branch();
+    for (const Element_Ref& element : audio_chain_)
+        complete = complete && element;
+    if (!complete) {
+        error = QStringLiteral("A GStreamer element the player needs is missing");
+        return false;
+    }
+    // Inactive streams wait for the heard one, so a switch goes on from the
+    // same running time; cached buffers make that switch gapless.
+    g_object_set(audio_chain_[Selector_Index].get(), "sync-streams", TRUE, "cache-buffers", TRUE, nullptr);
+    g_object_set(source.get(), "location", QFile::encodeName(path).constData(), nullptr);
+    gst_bin_add_many(GST_BIN(pipeline_.get()), source.get(), decoder_.get(), nullptr);
+    if (!gst_element_link(source.get(), decoder_.get())) {
+        error = QStringLiteral("Cannot link the file source");
+        return false;
+    }
+    pad_added_ = Signal_Connection(decoder_.get(), "pad-added", G_CALLBACK(&Playback_Pipeline::On_Pad_Added), this);
+    sync_handler_ = std::make_unique<Bus_Sync_Handler>(Bus(), &Playback_Pipeline::On_Sync_Message, this);
+    return true;
+}
+
+bool Playback_Pipeline::Preroll(Duration_Limit limit, QString& error)
+{
+    const Bus_Ref bus = Bus();
+    const gint64 deadline = g_get_monotonic_time() + gint64(limit.count()) * 1000;
+    const bool refused = gst_element_set_state(pipeline_.get(), GST_STATE_PAUSED) == GST_STATE_CHANGE_FAILURE;
+    for (;;) {
+        const gint64 left = deadline - g_get_monotonic_time();
+        Message_Ref message = Message_Ref::Adopt(gst_bus_timed_pop_filtered(
+            bus.get(), left > 0 ? GstClockTime(left) * GST_USECOND : 0,
+            GstMessageType(GST_MESSAGE_ASYNC_DONE | GST_MESSAGE_ERROR)));
+        if (!message) {
+            error = refused ? QStringLiteral("The file cannot be played")
+                            : QStringLiteral("The file did not open in time");
+            return false;
+        }
+        if (GST_MESSAGE_TYPE(message.get()) == GST_MESSAGE_ERROR) {
+            error = Error_Text(message.get());
+            return false;
+        }
+        if (GST_MESSAGE_SRC(message.get()) == GST_OBJECT(pipeline_.get()))
+            return true;
+    }
+}
+
+void Playback_Pipeline::Fix_Audio_Format()
+{
+    // Later sources (another stream, an associated file) are converted to the
+    // format the output was opened with, so a switch never reopens the device.
+    Pad_Ref volume_input = Pad_Ref::Adopt(gst_element_get_static_pad(audio_chain_[Volume_Index].get(), "sink"));
+    Caps_Ref caps = Caps_Ref::Adopt(gst_pad_get_current_caps(volume_input.get()));
+    if (caps && gst_caps_is_fixed(caps.get()))
+        g_object_set(audio_chain_[Format_Index].get(), "caps", caps.get(), nullptr);
+}
+
+Bus_Ref Playback_Pipeline::Bus() const
+{
+    return Bus_Ref::Adopt(gst_element_get_bus(pipeline_.get()));
+}
+
+double Playback_Pipeline::Duration() const
+{
+    // Some files (an MP3 without a header of its length) know it only later.
+    gint64 duration = -1;
+    if (duration_ <= 0.0 && gst_element_query_duration(pipeline_.get(), GST_FORMAT_TIME, &duration)
+        && duration > 0)
+        duration_ = double(duration) / double(GST_SECOND);
+    return duration_;
+}
+
+void Playback_Pipeline::Set_State(GstState state)
+{
+    gst_element_set_state(pipeline_.get(), state);
+}
+
+bool Playback_Pipeline::Wait_Until_Settled(Duration_Limit limit) const
+{
+    const GstStateChangeReturn result = gst_element_get_state(
+        pipeline_.get(), nullptr, nullptr, GstClockTime(limit.count()) * GST_MSECOND);
+    return result == GST_STATE_CHANGE_SUCCESS || result == GST_STATE_CHANGE_NO_PREROLL;
+}
+
+std::optional<double> Playback_Pipeline::Position() const
+{
+    gint64 position = -1;
+    if (!gst_element_query_position(pipeline_.get(), GST_FORMAT_TIME, &position) || position < 0)
+        return std::nullopt;
+    return double(position) / double(GST_SECOND);
+}
+
+bool Playback_Pipeline::Seek(double seconds, Duration_Limit limit)
+{
+    const gint64 target = gint64(std::max(0.0, seconds) * double(GST_SECOND));
+    if (!gst_element_seek_simple(pipeline_.get(), GST_FORMAT_TIME,
+                                 GstSeekFlags(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE), target))
+        return false;
+    return Wait_Until_Settled(limit);
+}
+
+void Playback_Pipeline::Set_Volume(double linear)
+{
+    g_object_set(audio_chain_[Volume_Index].get(), "volume", linear, nullptr);
+}
+
+double Playback_Pipeline::Volume() const
+{
+    double linear = 1.0;
+    g_object_get(audio_chain_[Volume_Index].get(), "volume", &linear, nullptr);
+    return linear;
+}
+
+void Playback_Pipeline::Set_Muted(bool muted)
+{
+    g_object_set(audio_chain_[Volume_Index].get(), "mute", gboolean(muted), nullptr);
+}
+
+bool Playback_Pipeline::Muted() const
+{
+    gboolean muted = FALSE;
+    g_object_get(audio_chain_[Volume_Index].get(), "mute", &muted, nullptr);
+    return muted;
+}
+
+std::vector<Playback_Pipeline::Audio_Input> Playback_Pipeline::Audio_Inputs() const
+{
+    std::vector<Audio_Input> inputs;
+    {
+        std::lock_guard lock(mutex_);
+        inputs = audio_inputs_;
+    }
+    for (Audio_Input& input : inputs) {
+        input.Stream_Id = Stream_Id(input.Selector_Pad.get());
+        if (input.Stream_Id.isEmpty()) {
+            Pad_Ref peer = Pad_Ref::Adopt(gst_pad_get_peer(input.Selector_Pad.get()));
+            if (peer)
+                input.Stream_Id = Stream_Id(peer.get());
+        }
+    }
+    return inputs;
+}
+
+void Playback_Pipeline::Select_Audio_Input(GstPad* selector_pad)
+{
+    g_object_set(audio_chain_[Selector_Index].get(), "active-pad", selector_pad, nullptr);
+}
+
+Pad_Ref Playback_Pipeline::Selected_Audio_Input() const
+{
+    GstPad* active = nullptr;
+    g_object_get(audio_chain_[Selector_Index].get(), "active-pad", &active, nullptr);
+    return Pad_Ref::Adopt(active);
+}
+
+Element_Ref Playback_Pipeline::Find_Splitter() const
+{
+    Element_Ref splitter;
+    for (const Element_Ref& element : Bin_Elements(GST_BIN(decoder_.get()), true)) {
+        const QString name = Factory_Name(element.get());
+        if (name == Element_Name::Avi_Splitter || name == Element_Name::Mpeg_Splitter)
+            splitter = element;
+    }
+    return splitter;
+}
+
+Pad_Ref Playback_Pipeline::Add_Associated_Audio(const QString& path, Duration_Limit limit, QString& error)
+{
+    if (!QFileInfo(path).isReadable()) {
+        error = QStringLiteral("Cannot read \"%1\"").arg(path);
+        return nullptr;
+    }
+    auto branch = std::make_unique<Associated_Branch>();
+    branch->Owner = this;
+    branch->Source = Make_Element("filesrc");
+    branch->Decoder = Make_Element("decodebin");
+    if (!branch->Source || !branch->Decoder) {
+        error = QStringLiteral("A GStreamer element the player needs is missing");
+        return nullptr;
+    }
+    g_object_set(branch->Source.get(), "location", QFile::encodeName(path).constData(), nullptr);
+    gst_bin_add_many(GST_BIN(pipeline_.get()), branch->Source.get(), branch->Decoder.get(), nullptr);
+    gst_element_link(branch->Source.get(), branch->Decoder.get());
+    Associated_Branch* raw = branch.get();
+    branch->Pad_Added = Signal_Connection(branch->Decoder.get(), "pad-added",
+                                          G_CALLBACK(&Playback_Pipeline::On_Associated_Pad_Added), raw);
+    branch->No_More_Pads = Signal_Connection(branch->Decoder.get(), "no-more-pads",
+                                             G_CALLBACK(&Playback_Pipeline::On_Associated_No_More_Pads), raw);
+    {
+        std::lock_guard lock(mutex_);
+        associated_.push_back(std::move(branch));
+    }
+    gst_element_sync_state_with_parent(raw->Decoder.get());
+    gst_element_sync_state_with_parent(raw->Source.get());
+
+    Pad_Ref selector_pad;
+    {
+        std::unique_lock lock(mutex_);
+        branch_settled_.wait_for(lock, limit, [raw] { return raw->Selector_Pad || raw->Failed; });
+        selector_pad = raw->Selector_Pad;
+        if (!selector_pad)
+            error = raw->Error.isEmpty() ? QStringLiteral("No sound could be decoded from \"%1\"").arg(path)
+                                         : raw->Error;
+    }
+    if (selector_pad)
+        return selector_pad;
+
+    // Take the failed file out; messages it already posted are ignored.
+    gst_element_set_state(raw->Source.get(), GST_STATE_NULL);
+    gst_element_set_state(raw->Decoder.get(), GST_STATE_NULL);
+    abandoned_.push_back(raw->Source);
+    abandoned_.push_back(raw->Decoder);
+    gst_bin_remove_many(GST_BIN(pipeline_.get()), raw->Source.get(), raw->Decoder.get(), nullptr);
+    return nullptr;
+}
+
+bool Playback_Pipeline::From_Abandoned_Branch(GstObject* source) const
+{
+    for (const Element_Ref& element : abandoned_)
+        if (Descends_From(source, element.get()))
+            return true;
+    return false;
+}
+
+void Playback_Pipeline::On_Pad_Added(GstElement*, GstPad* pad, gpointer self)
+{
+    auto* pipeline = static_cast<Playback_Pipeline*>(self);
+    const QString type = Pad_Media_Type(pad);
+    if (type.startsWith(QStringLiteral("audio/")))
+        pipeline->Link_Audio(pad, false);
+    else if (type.startsWith(QStringLiteral("video/")))
+        pipeline->Link_Video(pad);
+    else
+        pipeline->Link_Elsewhere(pad);
+}
+
+void Playback_Pipeline::On_Associated_Pad_Added(GstElement*, GstPad* pad, gpointer data)
+{
+    auto* branch = static_cast<Associated_Branch*>(data);
+    Playback_Pipeline* pipeline = branch->Owner;
+    bool wanted = false;
+    if (Pad_Media_Type(pad).startsWith(QStringLiteral("audio/"))) {
+        std::lock_guard lock(pipeline->mutex_);
+        wanted = !branch->Selector_Pad && !branch->Failed;
+    }
+    if (!wanted) {
+        pipeline->Link_Elsewhere(pad);
+        return;
+    }
+    Pad_Ref selector_pad = pipeline->Link_Audio(pad, true);
+    std::lock_guard lock(pipeline->mutex_);
+    branch->Selector_Pad = selector_pad;
+    branch->Failed = !selector_pad;
+    pipeline->branch_settled_.notify_all();
+}
+
+void Playback_Pipeline::On_Associated_No_More_Pads(GstElement*, gpointer data)
+{
+    auto* branch = static_cast<Associated_Branch*>(data);
+    std::lock_guard lock(branch->Owner->mutex_);
+    if (!branch->Selector_Pad) {
+        branch->Failed = true;
+        branch->Owner->branch_settled_.notify_all();
+    }
+}
+
+void Playback_Pipeline::On_Sync_Message(GstMessage* message, gpointer self)
+{
+    if (GST_MESSAGE_TYPE(message) != GST_MESSAGE_ERROR)
+        return;
+    auto* pipeline = static_cast<Playback_Pipeline*>(self);
+    std::lock_guard lock(pipeline->mutex_);
+    for (const auto& branch : pipeline->associated_) {
+        if (branch->Selector_Pad || branch->Failed)
+            continue;
+        if (Descends_From(GST_MESSAGE_SRC(message), branch->Decoder.get())
+            || Descends_From(GST_MESSAGE_SRC(message), branch->Source.get())) {
+            branch->Failed = true;
+            branch->Error = Error_Text(message);
+            pipeline->branch_settled_.notify_all();
+        }
+    }
+}
+
+Pad_Ref Playback_Pipeline::Link_Audio(GstPad* pad, bool associated)
+{
+    std::lock_guard structure(structure_mutex_);
+    bool chain_added = false;
+    {
+        std::lock_guard lock(mutex_);
+        chain_added = audio_chain_added_;
+    }
+    if (!chain_added) {
+        std::vector<GstElement*> chain;
+        for (const Element_Ref& element : audio_chain_)
+            chain.push_back(element.get());
+        if (!Add_Chain(GST_BIN(pipeline_.get()), chain))
+            return nullptr;
+        std::lock_guard lock(mutex_);
+        audio_chain_added_ = true;
+    }
+    Pad_Ref selector_pad = Pad_Ref::Adopt(
+        gst_element_request_pad_simple(audio_chain_[Selector_Index].get(), "sink_%u"));
+    if (!selector_pad || !GST_PAD_LINK_SUCCESSFUL(gst_pad_link(pad, selector_pad.get())))
+        return nullptr;
+    std::lock_guard lock(mutex_);
+    audio_inputs_.push_back({selector_pad, QString(), associated});
+    return selector_pad;
+}
+
+void Playback_Pipeline::Link_Video(GstPad* pad)
+{
+    bool first = false;
+    {
+        std::lock_guard lock(mutex_);
+        first = !std::exchange(video_chain_added_, true);
+    }
+    if (!first) {
+        Link_Elsewhere(pad);  // one picture is shown
+        return;
+    }
+    std::lock_guard structure(structure_mutex_);
+    GstElement* branch = video_->Branch();
+    if (gst_bin_add(GST_BIN(pipeline_.get()), branch)) {
+        Link_Pads(pad, branch);
+        gst_element_sync_state_with_parent(branch);
+    }
+}
+
+void Playback_Pipeline::Link_Elsewhere(GstPad* pad)
+{
+    Element_Ref sink = Make_Element("fakesink");
+    if (!sink)
+        return;
+    // A sparse stream (subtitles) must not hold up the preroll.
+    g_object_set(sink.get(), "sync", FALSE, "async", FALSE, nullptr);
+    std::lock_guard structure(structure_mutex_);
+    if (gst_bin_add(GST_BIN(pipeline_.get()), sink.get())) {
+        Link_Pads(pad, sink.get());
+        gst_element_sync_state_with_parent(sink.get());
+    }
+}
+
+} // namespace Orvane

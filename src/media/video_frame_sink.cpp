@@ -1,0 +1,136 @@
+#include "media/video_frame_sink.h"
+
+#include "media/frame_mailbox.h"
+
+#include <gst/app/gstappsink.h>
+#include <gst/video/video.h>
+
+namespace Orvane {
+
+namespace {
+
+// A mapped video frame, unmapped when this object goes.
+class Mapped_Frame {
+public:
+    Mapped_Frame(GstBuffer* buffer, const GstVideoInfo& info)
+    {
+        GstVideoInfo copy = info;
+        mapped_ = gst_video_frame_map(&frame_, &copy, buffer, GST_MAP_READ);
+    }
+    ~Mapped_Frame()
+    {
+        if (mapped_)
+            gst_video_frame_unmap(&frame_);
+    }
+    Mapped_Frame(const Mapped_Frame&) = delete;
+    Mapped_Frame& operator=(const Mapped_Frame&) = delete;
+
+    bool Mapped() const { return mapped_; }
+    const GstVideoFrame& Frame() const { return frame_; }
+
+private:
+    GstVideoFrame frame_{};
+    bool mapped_ = false;
+};
+
+} // namespace
+
+Video_Frame_Sink::Video_Frame_Sink(Frame_Mailbox& mailbox, int pipeline_id)
+    : mailbox_(mailbox), pipeline_id_(pipeline_id)
+{
+    GError* raw_error = nullptr;
+    branch_ = Element_Ref::Sink(gst_parse_bin_from_description(
+        "videoconvert name=video_convert ! appsink name=video_sink sync=true "
+        "enable-last-sample=false caps=video/x-raw,format={BGRx,RGBx}",
+        TRUE, &raw_error));
+    G_Error error(raw_error);
+    if (error || !branch_) {
+        branch_.Reset();
+        return;
+    }
+    gst_object_set_name(GST_OBJECT(branch_.get()), "video_output");
+    app_sink_ = Element_Ref::Adopt(gst_bin_get_by_name(GST_BIN(branch_.get()), "video_sink"));
+    GstAppSinkCallbacks callbacks{};
+    callbacks.new_preroll = [](GstAppSink* sink, gpointer self) {
+        return On_Preroll(GST_ELEMENT(sink), self);
+    };
+    callbacks.new_sample = [](GstAppSink* sink, gpointer self) {
+        return On_Sample(GST_ELEMENT(sink), self);
+    };
+    gst_app_sink_set_callbacks(GST_APP_SINK(app_sink_.get()), &callbacks, this, nullptr);
+}
+
+Video_Frame_Sink::~Video_Frame_Sink()
+{
+    if (app_sink_) {
+        GstAppSinkCallbacks none{};
+        gst_app_sink_set_callbacks(GST_APP_SINK(app_sink_.get()), &none, nullptr, nullptr);
+    }
+}
+
+QSize Video_Frame_Sink::Frame_Size() const
+{
+    if (!app_sink_)
+        return {};
+    Pad_Ref pad = Pad_Ref::Adopt(gst_element_get_static_pad(app_sink_.get(), "sink"));
+    Caps_Ref caps = Caps_Ref::Adopt(pad ? gst_pad_get_current_caps(pad.get()) : nullptr);
+    GstVideoInfo info;
+    if (!caps || !gst_video_info_from_caps(&info, caps.get()))
+        return {};
+    return QSize(GST_VIDEO_INFO_WIDTH(&info), GST_VIDEO_INFO_HEIGHT(&info));
+}
+
+GstFlowReturn Video_Frame_Sink::On_Preroll(GstElement* sink, gpointer self)
+{
+    static_cast<Video_Frame_Sink*>(self)->Deliver(
+        Sample_Ref::Adopt(gst_app_sink_pull_preroll(GST_APP_SINK(sink))));
+    return GST_FLOW_OK;
+}
+
+GstFlowReturn Video_Frame_Sink::On_Sample(GstElement* sink, gpointer self)
+{
+    static_cast<Video_Frame_Sink*>(self)->Deliver(
+        Sample_Ref::Adopt(gst_app_sink_pull_sample(GST_APP_SINK(sink))));
+    return GST_FLOW_OK;
+}
+
+void Video_Frame_Sink::Deliver(Sample_Ref sample)
+{
+    if (!sample || !mailbox_.Wanted())
+        return;
+    const QImage image = To_Image(sample.get());
+    if (!image.isNull())
+        mailbox_.Post(pipeline_id_, image);
+}
+
+QImage Video_Frame_Sink::To_Image(GstSample* sample)
+{
+    GstVideoInfo info;
+    GstCaps* caps = gst_sample_get_caps(sample);
+    GstBuffer* buffer = gst_sample_get_buffer(sample);
+    if (!caps || !buffer || !gst_video_info_from_caps(&info, caps))
+        return {};
+    QImage::Format format = QImage::Format_Invalid;
+    switch (GST_VIDEO_INFO_FORMAT(&info)) {
+    case GST_VIDEO_FORMAT_BGRx:
+        // Little-endian B, G, R, x bytes are the 0xffRRGGBB words of RGB32.
+        format = G_BYTE_ORDER == G_LITTLE_ENDIAN ? QImage::Format_RGB32 : QImage::Format_Invalid;
+        break;
+    case GST_VIDEO_FORMAT_RGBx:
+        format = QImage::Format_RGBX8888;
+        break;
+    default:
+        break;
+    }
+    if (format == QImage::Format_Invalid)
+        return {};
+    Mapped_Frame mapped(buffer, info);
+    if (!mapped.Mapped())
+        return {};
+    const QImage view(static_cast<const uchar*>(GST_VIDEO_FRAME_PLANE_DATA(&mapped.Frame(), 0)),
+                      GST_VIDEO_FRAME_WIDTH(&mapped.Frame()), GST_VIDEO_FRAME_HEIGHT(&mapped.Frame()),
+                      GST_VIDEO_FRAME_PLANE_STRIDE(&mapped.Frame(), 0), format);
+    return view.copy();
+}
+
+} // namespace Orvane

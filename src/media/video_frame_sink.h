@@ -1,0 +1,41 @@
+#pragma once
+
+#include "media/gst_ref.h"
+
+#include <QImage>
+#include <QSize>
+
+namespace Orvane {
+
+class Frame_Mailbox;
+
+// The video branch of a pipeline: videoconvert into an appsink (BGRx or
+// RGBx) whose frames, prerolled or played, go to the mailbox as images.
+// The pipeline must be stopped (NULL) before this object goes.
+class Video_Frame_Sink {
+public:
+    Video_Frame_Sink(Frame_Mailbox& mailbox, int pipeline_id);
+    ~Video_Frame_Sink();
+    Video_Frame_Sink(const Video_Frame_Sink&) = delete;
+    Video_Frame_Sink& operator=(const Video_Frame_Sink&) = delete;
+
+    // The branch to add to the pipeline, with one sink pad.
+    GstElement* Branch() const { return branch_.get(); }
+    // The size of the frames negotiated, empty before.
+    QSize Frame_Size() const;
+
+    // A deep copy of the sample's picture (null when it cannot be mapped).
+    static QImage To_Image(GstSample* sample);
+
+private:
+    static GstFlowReturn On_Preroll(GstElement* sink, gpointer self);
+    static GstFlowReturn On_Sample(GstElement* sink, gpointer self);
+    void Deliver(Sample_Ref sample);
+
+    Frame_Mailbox& mailbox_;
+    int pipeline_id_;
+    Element_Ref branch_;
+    Element_Ref app_sink_;
+};
+
+} // namespace Orvane
