@@ -366,6 +366,8 @@ void Playlist_Model::Show_Track_Info(int track)
         for (const Associated_Audio_Entry& entry : Track(info_track_).Associated_Audio)
             names.append(entry.Name);
     audio_names_.setStringList(names);
+    if (!names.isEmpty())
+        audio_selection_.setCurrentIndex(audio_names_.index(0), QItemSelectionModel::ClearAndSelect);
     Show_Subtitle_Panel(info_track_);
     emit Track_Info_Changed(info_track_);
 }

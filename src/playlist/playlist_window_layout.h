@@ -13,7 +13,7 @@ namespace Orvane::Playlist_Window_Layout {
 inline constexpr QSize Window_Size(420, 480);
 inline constexpr QRect Close_Button(392, 8, 18, 18);
 inline constexpr QRect Tab(int index) { return QRect(15 + index * 131, 42, 128, 26); }
-inline constexpr QRect Tab_Caption(33, 5, 92, 18);  // inside a tab, right of its icon
+inline constexpr QRect Tab_Caption(31, 5, 96, 18);  // inside a tab, right of its icon
 inline constexpr QRect Panel(0, 69, 420, 411);
 
 // Inside a panel: the display (dark glass) and the strip below it.
