@@ -127,27 +127,13 @@ TEST_F(Playlist_Files_Test, SavedTracksComeBackThroughThePlaylistModel)
     source.Add_Subtitle_File(QStringLiteral("/films/a.sub"), subtitle_file);
 
     // Both sides load through the same loader: the source from a hand-made file.
-    class Model_Target : public Playlist_Load_Target {
-    public:
-        explicit Model_Target(Playlist_Model& model) : model_(model) {}
-        void Add_Track(const QString& media, const QStringList& audio, bool disc, const QString& title,
-                       int16_t entry, int16_t mode) override
-        {
-            model_.Add_Track(media, audio, disc, title, entry, mode);
-        }
-        void Associate_Subtitle(const QString& path) override { model_.Associate_Subtitle(path); }
-
-    private:
-        Playlist_Model& model_;
-    };
-    Model_Target source_target(source.model);
     ASSERT_EQ(Load_Playlist(folder_.Write(QStringLiteral("hand.orx"),
                                           Crlf_Lines({"#EXTORX",
                                                       "#TRACK", "Titre=First", "Media=/films/a.avi",
                                                       "Audio=/audio/fr.wav;/audio/en.wav", "SousT=/films/a.sub",
                                                       "#TRACK", "Titre=Second", "Media=/films/b.avi",
                                                       "Audio=", "SousT="})),
-                            settings_, *texts_, source_target),
+                            settings_, *texts_, source.model),
               Playlist_Load_Result::Loaded);
     ASSERT_EQ(source.model.Track_Count(), 2);
     ASSERT_EQ(source.model.Track(1).Associated_Count, 2);
@@ -159,8 +145,7 @@ TEST_F(Playlist_Files_Test, SavedTracksComeBackThroughThePlaylistModel)
     Orvane::Test::Playlist_Bench copy;
     copy.analyser = source.analyser;
     copy.Add_Subtitle_File(QStringLiteral("/films/a.sub"), subtitle_file);
-    Model_Target copy_target(copy.model);
-    ASSERT_EQ(Load_Playlist(saved, settings_, *texts_, copy_target), Playlist_Load_Result::Loaded);
+    ASSERT_EQ(Load_Playlist(saved, settings_, *texts_, copy.model), Playlist_Load_Result::Loaded);
     EXPECT_EQ(Orvane::Test::Titles(copy.model), QStringList({"First", "Second"}));
     EXPECT_EQ(Orvane::Test::Paths(copy.model), QStringList({"/films/a.avi", "/films/b.avi"}));
     const Track_Record& first = copy.model.Track(1);
