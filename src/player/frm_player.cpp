@@ -151,6 +151,15 @@ void Frm_Player::Build_Popup_Menu()
 {
     mnu_popup_ = new QMenu(QStringLiteral("Popup"), this);
     mnu_popup_->setObjectName(QStringLiteral("Mnu_Popup"));
+    // The menu wears the bar's graphite and accent rather than the desktop's.
+    mnu_popup_->setStyleSheet(QStringLiteral(
+        "QMenu { background: #2b2f35; color: #c3cbd5; border: 1px solid #07080a;"
+        " padding: 4px 0; font-family: 'DejaVu Sans'; font-size: 12px; }"
+        "QMenu::item { padding: 5px 22px 5px 26px; }"
+        "QMenu::item:selected { background: #1b5f7a; color: #f2f6fa; }"
+        "QMenu::indicator { width: 12px; height: 12px; left: 8px; }"
+        "QMenu::indicator:checked { image: url(:/skin/option_mark.svg); }"
+        "QMenu::separator { height: 1px; background: #15171b; margin: 4px 8px; }"));
     mnu_info_ = mnu_popup_->addSeparator();
     mnu_info_->setObjectName(QStringLiteral("Mnu_Info"));
     mnu_separation_ = mnu_popup_->addSeparator();

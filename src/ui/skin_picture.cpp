@@ -51,9 +51,11 @@ void Skin_Picture::Set_Picture(const QString& skin_name)
 const QPixmap& Skin_Picture::Rendered()
 {
     const qreal ratio = devicePixelRatioF();
-    if (rendered_.isNull() || rendered_.deviceIndependentSize().toSize() != size()
-        || !qFuzzyCompare(rendered_.devicePixelRatio(), ratio))
+    if (rendered_.isNull() || rendered_size_ != size()
+        || !qFuzzyCompare(rendered_.devicePixelRatio(), ratio)) {
         rendered_ = Render_Skin_Picture(skin_name_, size(), ratio);
+        rendered_size_ = size();
+    }
     return rendered_;
 }
 

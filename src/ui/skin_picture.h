@@ -32,6 +32,7 @@ protected:
 private:
     QString skin_name_;
     QPixmap rendered_;
+    QSize rendered_size_;  // the widget size the pixmap was rendered for
 };
 
 } // namespace Orvane

@@ -38,9 +38,10 @@ void Skin_Progress_Track::Set_Fill(int pixels)
 void Skin_Progress_Track::Render_If_Needed()
 {
     const qreal ratio = devicePixelRatioF();
-    if (!track_.isNull() && track_.deviceIndependentSize().toSize() == size()
+    if (!track_.isNull() && rendered_size_ == size()
         && qFuzzyCompare(track_.devicePixelRatio(), ratio))
         return;
+    rendered_size_ = size();
     track_ = Render_Skin_Picture(track_picture_, size(), ratio);
     lit_ = Render_Skin_Picture(fill_picture_, size(), ratio);
 }

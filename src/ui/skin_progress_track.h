@@ -38,6 +38,7 @@ private:
     QString fill_picture_;
     QPixmap track_;
     QPixmap lit_;
+    QSize rendered_size_;
     int fill_ = 0;
 };
 

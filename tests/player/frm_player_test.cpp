@@ -168,29 +168,16 @@ TEST_F(Player_Window, moves_the_cursor_and_the_lit_track_with_the_cursor_left_ed
     EXPECT_EQ(player.Img_Avancement()->geometry(), Layout::Progress_Cursor_Place(0));
 }
 
-TEST_F(Player_Window, shows_the_status_texts_and_lamps_it_is_given)
+TEST_F(Player_Window, shows_one_subtitle_lamp_picture_on_the_spot_of_the_other)
 {
-    player.Set_Time_Text(QStringLiteral("01:02:03"));
-    player.Set_Time_Mode_Caption(QStringLiteral("Remaining"));
-    player.Set_Track_Number_Text(QStringLiteral("12"));
-    player.Set_Title_Text(QStringLiteral("Film"));
-    player.Set_Audio_Text(QStringLiteral("Stream audio 2"));
-    player.Set_Subtitle_Text(QStringLiteral("film.sub"));
-    EXPECT_EQ(player.Time_Text(), QStringLiteral("01:02:03"));
-    EXPECT_EQ(player.Lbl_Indic_Type_Temps()->text(), QStringLiteral("Remaining"));
-    EXPECT_EQ(player.Lbl_Affichage_Rang()->text(), QStringLiteral("12"));
-    EXPECT_EQ(player.Title_Text(), QStringLiteral("Film"));
-    EXPECT_EQ(player.Lbl_Affichage_ML()->text(), QStringLiteral("Stream audio 2"));
-    EXPECT_EQ(player.Lbl_Affichage_Sub()->text(), QStringLiteral("film.sub"));
-
     player.Set_Audio_Lamp_Visible(true);
     player.Set_Subtitle_Lamp_Visible(1, true);
-    player.Set_Subtitle_Lamp_Visible(0, false);
     player.Set_Subtitle_Lamp_Visible(2, true);
     EXPECT_TRUE(player.Img_Temoin_ML()->isVisibleTo(&player));
     EXPECT_TRUE(player.Img_Temoin_ST(1)->isVisibleTo(&player));
     EXPECT_FALSE(player.Img_Temoin_ST(0)->isVisibleTo(&player));
     EXPECT_EQ(player.Img_Temoin_ST(0)->geometry(), player.Img_Temoin_ST(1)->geometry());
+    EXPECT_NE(player.Img_Temoin_ST(0)->Picture(), player.Img_Temoin_ST(1)->Picture());
 }
 
 // ------------------------------------------------------------------ popup menu
