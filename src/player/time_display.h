@@ -1,5 +1,6 @@
 #pragma once
 
+#include "media/display_layout.h"
 #include "player/player_context.h"
 
 #include <QString>
@@ -10,7 +11,6 @@ namespace Orvane {
 // Length of the progress track Lbl_Avancement, along which the cursor
 // Img_Avancement moves by its left edge.
 constexpr int Progress_Track_Pixels = 310;
-constexpr int Twips_Per_Pixel = 15;
 
 // The time display, the progress cursor with its seeking by mouse, the
 // time mode and the status labels and lamps of the player window.
