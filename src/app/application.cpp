@@ -1,11 +1,13 @@
 #include "app/application.h"
 
 #include "app/check_command.h"
+#include "app/program.h"
+#include "ui/skin_resources.h"
 
 #include <gst/gst.h>
 
 #include <QApplication>
-#include <QLabel>
+#include <cstdio>
 
 namespace Orvane {
 
@@ -17,11 +19,22 @@ int Run_Application(int argc, char** argv)
             arguments << QString::fromLocal8Bit(argv[i]);
         return Run_Check(arguments);
     }
+    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
+        && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        std::fprintf(stderr, "orvane: no display is available. To run it on a virtual X server:\n"
+                             "  xvfb-run -s \"-screen 0 1280x800x24\" %s\n", argv[0]);
+        return 1;
+    }
     gst_init(&argc, &argv);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Orvane"));
-    QLabel placeholder(QStringLiteral("Orvane"));
-    placeholder.show();
+    Init_Skin_Resources();
+
+    QStringList arguments = QApplication::arguments();
+    arguments.removeFirst();
+    Program program(QApplication::applicationDirPath());
+    if (!program.Start(arguments))
+        return 1;
     return application.exec();
 }
 

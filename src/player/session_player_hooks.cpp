@@ -57,4 +57,22 @@ void Session_Player_Hooks::Refresh_Display()
     session_.Display().Refresh_Display();
 }
 
+void Session_Player_Hooks::Associated_Audio_Removed(int track, bool was_heard)
+{
+    Player_Context& context = session_.Context();
+    if (track != context.state.Current_Track)
+        return;
+    session_.Menus().Build_Audio_Menus();
+    // The file heard is still rendered into the graph: only opening the
+    // track again drops it, and playback goes on if it was going.
+    if (was_heard) {
+        if (const Track_Record* record = Current_Track_Record(context)) {
+            const bool was_playing = context.state.Is_Playing;
+            if (session_.Open_Track_Media(record->Path) && was_playing)
+                session_.Play();
+        }
+    }
+    session_.Display().Refresh_Display();
+}
+
 } // namespace Orvane

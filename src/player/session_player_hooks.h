@@ -16,6 +16,7 @@ public:
     void Associated_Audio_Added(int track, int count) override;
     void Clear_Audio_Menus(int track) override;
     void Refresh_Display() override;
+    void Associated_Audio_Removed(int track, bool was_heard) override;
 
 private:
     Playback_Session& session_;

@@ -298,8 +298,9 @@ bool Playlist_Model::Associate_Subtitle_With(int track, const QString& path, con
     record.Subtitle_Info_1 = subtitles_.Subtitle_Author;
     record.Subtitle_Info_2 = subtitles_.Subtitle_Source;
     record.Subtitle_Delay = subtitles_.Subtitle_Delay;
-    record.Subtitle_Flag = Message_Box(texts_.Get_Text(Text_Subtitle_Delay_Question), Box_Style::Ok_Cancel)
-        == Box_Answer::Ok;
+    // Whether the file's delay is in force is only worth asking when it has one.
+    record.Subtitle_Flag = record.Subtitle_Delay != 0
+        && Message_Box(texts_.Get_Text(Text_Subtitle_Delay_Question), Box_Style::Ok_Cancel) == Box_Answer::Ok;
     state_.Subtitles_Loaded = true;
     Show_Subtitle_Panel(track);
     if (track == state_.Current_Track)

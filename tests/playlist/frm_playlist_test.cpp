@@ -334,7 +334,7 @@ TEST_F(Frm_PlayList_Test, AudioAndSubtitleTabsActOnTheSelectedTrack)
     // To look at the window: ORVANE_SNAPSHOT_DIR=<folder> writes each tab in both shipped languages.
     if (const QByteArray shots = qgetenv("ORVANE_SNAPSHOT_DIR"); !shots.isEmpty()) {
         bench.model.Refresh_Track_Info(2);
-        for (const QString language : {QStringLiteral("English"), QStringLiteral("Français")}) {
+        for (const QString& language : {QStringLiteral("English"), QStringLiteral("Français")}) {
             Text_Table shipped;
             ASSERT_TRUE(shipped.Load_Language(QStringLiteral(ORVANE_SOURCE_DIR "/resources"), language));
             window.Apply_Texts(shipped);

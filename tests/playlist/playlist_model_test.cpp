@@ -352,6 +352,16 @@ TEST_F(Playlist_Model_Test, SubtitleGoesToTheSelectedTrackWithTheAnswerToTheQues
     EXPECT_FALSE(model.Associate_Subtitle(QStringLiteral("/subs/broken.sub"), QStringLiteral("broken.sub")));
     EXPECT_EQ(model.Track(2).Subtitle_Path, "/subs/titled.sub");
     EXPECT_EQ(boxes.Boxes().size(), boxes_before);
+
+    // A file without a delay has nothing to apply: no question.
+    Subtitle_Table no_delay = titled;
+    no_delay.Subtitle_Delay = 0;
+    bench.Add_Subtitle_File(QStringLiteral("/subs/plain.sub"), no_delay);
+    const auto asked = boxes.Boxes().size();
+    boxes.Set_Answer(Box_Answer::Ok);
+    ASSERT_TRUE(model.Associate_Subtitle(QStringLiteral("/subs/plain.sub"), QStringLiteral("plain.sub")));
+    EXPECT_EQ(boxes.Boxes().size(), asked);
+    EXPECT_FALSE(model.Track(2).Subtitle_Flag);
 }
 
 TEST_F(Playlist_Model_Test, LoadersSubtitleFollowsTheTrackJustAdded)

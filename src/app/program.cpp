@@ -1,0 +1,187 @@
+#include "app/program.h"
+
+#include "config/config_file.h"
+#include "player/command_line.h"
+#include "player/frm_player.h"
+#include "player/layout_display_control.h"
+#include "player/playback_session.h"
+#include "player/player_context.h"
+#include "player/player_controls.h"
+#include "player/playlist_track_source.h"
+#include "player/session_player_hooks.h"
+#include "player/subtitle_table_source.h"
+#include "player/unroll.h"
+#include "playlist/frm_playlist.h"
+#include "playlist/name_from_path.h"
+#include "playlist/open_dialog_filters.h"
+#include "playlist/playlist_model.h"
+#include "playlist/playlist_window_batch.h"
+#include "subtitles/frm_display.h"
+#include "subtitles/subtitle_reader.h"
+#include "ui/frm_about.h"
+#include "ui/frm_rien.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QScreen>
+
+namespace Orvane {
+
+namespace {
+
+// The player bar's top stands this far above the bottom of the screen.
+constexpr int Player_Bottom_Margin = 150;
+
+QString Demo_Playlist(const QString& program_folder)
+{
+    return QDir(program_folder).filePath(QStringLiteral("demo/demo.orx"));
+}
+
+} // namespace
+
+Program::Program(const QString& program_folder, Dialog_Provider* dialogs)
+    : program_folder_(program_folder),
+      dialog_(dialogs ? *dialogs : static_cast<Dialog_Provider&>(qt_dialogs_))
+{
+    player_window_ = std::make_unique<Frm_Player>();
+    display_window_ = std::make_unique<Frm_display>();
+    rien_window_ = std::make_unique<Frm_Rien>([this](int key) { controls_->Gestion_KeyPress(key); });
+    graph_.Set_Video_Widget(display_window_->Video());
+    display_layout_ = std::make_unique<Display_Layout>(*display_window_, state_.Full_Screen);
+    display_control_ = std::make_unique<Layout_Display_Control>(*display_layout_);
+
+    model_ = std::make_unique<Playlist_Model>(
+        analyser_, state_, hooks_relay_, subtitle_table_, texts_,
+        [this](const QString& path) {
+            return Load_Subtitles(path, settings_, texts_, Screen_Width(), subtitle_table_);
+        });
+    playlist_window_ = std::make_unique<Frm_PlayList>(*model_, state_, dialog_, settings_, texts_);
+    track_source_ = std::make_unique<Playlist_Track_Source>(*model_);
+    subtitle_source_ = std::make_unique<Subtitle_Table_Source>(
+        subtitle_table_, settings_, texts_, state_, *track_source_, [this] { return Screen_Width(); });
+
+    context_ = std::make_unique<Player_Context>(Player_Context{
+        state_, settings_, texts_, graph_, *player_window_, *track_source_, *playlist_window_,
+        *display_control_, *subtitle_source_, subtitle_window_, subtitle_window_});
+    session_ = std::make_unique<Playback_Session>(*context_);
+    session_hooks_ = std::make_unique<Session_Player_Hooks>(*session_);
+    hooks_relay_.Attach(session_hooks_.get());
+
+    Player_Commands commands;
+    // The configuration window comes with its own work; until then the
+    // button opens nothing.
+    commands.Show_Configuration = [] {};
+    commands.Write_Config = [this] { Write_Config(program_folder_, settings_, state_.Volume_Level); };
+    commands.Quit_Application = [] { QApplication::quit(); };
+    controls_ = std::make_unique<Player_Controls>(*context_, *session_, std::move(commands));
+    unroll_ = std::make_unique<Player_Unroll>(*player_window_);
+
+    const auto forward_key = [this](int key) { controls_->Gestion_KeyPress(key); };
+    display_window_->Set_Key_Handler(forward_key);
+    playlist_window_->Set_Key_Forwarder(forward_key);
+    playlist_window_->Set_Play_Track([this](int track) { session_->Play_Track_Number(track); });
+    Connect_Player_Window();
+}
+
+Program::~Program()
+{
+    // The graph paints into the display window: it goes first.
+    graph_.Close_Graph();
+    graph_.Set_Video_Widget(nullptr);
+}
+
+bool Program::Start(const QStringList& arguments)
+{
+    Place_Player_Window();
+    state_ = Playback_State();
+    if (!Read_Config(program_folder_, settings_, texts_))
+        return false;
+    player_window_->Apply_Texts(texts_, graph_.Is_Open());
+    playlist_window_->Apply_Texts(texts_);
+
+    display_control_->Audio_Layout();
+    display_window_->show();
+    rien_window_->show();
+    player_window_->show();
+    player_window_->raise();
+
+    controls_->Apply_Start_Volume(settings_.Volume_Setting);
+    playlist_window_->Set_Filters(Build_Open_Dialog_Filters(texts_));
+    state_.Time_Mode = 1;
+
+    unroll_->Start([this, arguments] { Open_Start_File(arguments); });
+    return true;
+}
+
+void Program::Connect_Player_Window()
+{
+    Frm_Player* window = player_window_.get();
+    QObject::connect(window, &Frm_Player::Button_Mouse_Down, window,
+                     [this](int index) { controls_->Button_Mouse_Down(index); });
+    QObject::connect(window, &Frm_Player::Button_Clicked, window,
+                     [this](int index) { controls_->Button_Click(index); });
+    QObject::connect(window, &Frm_Player::Key_Pressed, window,
+                     [this](int key) { controls_->Gestion_KeyPress(key); });
+    QObject::connect(window, &Frm_Player::Progress_Mouse_Down, window,
+                     [this](int x) { session_->Display().Progress_Mouse_Down(x); });
+    QObject::connect(window, &Frm_Player::Progress_Mouse_Move, window,
+                     [this](int x) { session_->Display().Progress_Mouse_Move(x); });
+    QObject::connect(window, &Frm_Player::Progress_Mouse_Up, window,
+                     [this](int) { session_->Display().Progress_Mouse_Up(); });
+    QObject::connect(window, &Frm_Player::Time_Label_Clicked, window,
+                     [this] { session_->Display().Toggle_Time_Mode(); });
+    QObject::connect(window, &Frm_Player::Window_Double_Clicked, window, [this] { Show_About(); });
+    QObject::connect(window, &Frm_Player::Quit_Clicked, window, [this] { controls_->Quit(); });
+    QObject::connect(window, &Frm_Player::Stream_Entry_Chosen, window,
+                     [this](int k) { session_->Menus().Choose_Stream(k); });
+    QObject::connect(window, &Frm_Player::Associated_Entry_Chosen, window,
+                     [this](int j) { session_->Menus().Choose_Associated(j); });
+}
+
+void Program::Place_Player_Window()
+{
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    if (!screen)
+        return;
+    const QRect area = screen->availableGeometry();
+    player_window_->move(area.left() + (area.width() - player_window_->width()) / 2,
+                         area.top() + area.height() - Player_Bottom_Margin);
+}
+
+void Program::Open_Start_File(const QStringList& arguments)
+{
+    std::optional<Command_Line_Request> request =
+        Parse_Command_Line(arguments, program_folder_, QDir::currentPath());
+    if (!request) {
+        // A first start with nothing named shows the demo playlist the build made.
+        const QString demo = Demo_Playlist(program_folder_);
+        if (!arguments.isEmpty() || !QFileInfo::exists(demo))
+            return;
+        request = Command_Line_Request{demo, true, false};
+    }
+    Command_Line_Openers openers;
+    openers.Load_Playlist = [this](const QString& path) {
+        playlist_window_->Batch().Load(path, settings_, texts_);
+    };
+    openers.Add_Media = [this](const QString& path) {
+        model_->Add_Track(path, {}, false, Name_From_Path(path), 1, 0);
+        return model_->Last_Added_Track();
+    };
+    Open_Command_Line_File(*request, openers, *session_);
+}
+
+void Program::Show_About()
+{
+    // A new window each time: its version label is set at every load.
+    about_window_ = std::make_unique<Frm_About>();
+    about_window_->show();
+}
+
+int Program::Screen_Width() const
+{
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->availableGeometry().width() : 1024;
+}
+
+} // namespace Orvane

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "app/pending_subtitle_window.h"
+#include "app/player_hooks_relay.h"
+#include "config/settings.h"
+#include "language/text_table.h"
+#include "media/display_layout.h"
+#include "media/gst_media_analyser.h"
+#include "media/gst_media_graph.h"
+#include "playlist/playback_state.h"
+#include "subtitles/subtitle_table.h"
+#include "ui/cdlg_ex.h"
+#include "ui/dialog_qt_provider.h"
+
+#include <QString>
+#include <QStringList>
+#include <memory>
+
+namespace Orvane {
+
+class Frm_About;
+class Frm_PlayList;
+class Frm_Player;
+class Frm_Rien;
+class Frm_display;
+class Layout_Display_Control;
+class Playback_Session;
+class Player_Controls;
+class Player_Unroll;
+class Playlist_Model;
+class Playlist_Track_Source;
+class Session_Player_Hooks;
+class Subtitle_Table_Source;
+struct Player_Context;
+
+// The application object: it owns the program-wide state and every window,
+// and wires them together. One instance lives for the whole run.
+class Program {
+public:
+    // program_folder holds orvan.ini and Lang.ini.
+    explicit Program(const QString& program_folder, Dialog_Provider* dialogs = nullptr);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    // The player window's load: reads the configuration (false ends the
+    // program before any window is shown), puts the texts on, shows the
+    // windows and starts the unroll, after which arguments are opened.
+    bool Start(const QStringList& arguments);
+
+    Playback_State& State() { return state_; }
+    Settings& Current_Settings() { return settings_; }
+    const Text_Table& Texts() const { return texts_; }
+    Gst_Media_Graph& Graph() { return graph_; }
+    Playlist_Model& Model() { return *model_; }
+    Playback_Session& Session() { return *session_; }
+    Player_Controls& Controls() { return *controls_; }
+    Player_Unroll& Unroll() { return *unroll_; }
+    Frm_Player& Player_Window() { return *player_window_; }
+    Frm_PlayList& Playlist_Window() { return *playlist_window_; }
+    Frm_display& Display_Window() { return *display_window_; }
+    Pending_Subtitle_Window& Subtitle_Window() { return subtitle_window_; }
+
+private:
+    void Connect_Player_Window();
+    void Place_Player_Window();
+    void Open_Start_File(const QStringList& arguments);
+    void Show_About();
+    int Screen_Width() const;
+
+    QString program_folder_;
+    Settings settings_;
+    Text_Table texts_;
+    Playback_State state_;
+    Subtitle_Table subtitle_table_;
+    Gst_Media_Graph graph_;
+    Gst_Media_Analyser analyser_;
+    Qt_Dialog_Provider qt_dialogs_;
+    CdlgEx dialog_;
+    Player_Hooks_Relay hooks_relay_;
+    Pending_Subtitle_Window subtitle_window_;
+
+    std::unique_ptr<Frm_Player> player_window_;
+    std::unique_ptr<Frm_display> display_window_;
+    std::unique_ptr<Frm_Rien> rien_window_;
+    std::unique_ptr<Frm_About> about_window_;
+    std::unique_ptr<Display_Layout> display_layout_;
+    std::unique_ptr<Layout_Display_Control> display_control_;
+    std::unique_ptr<Playlist_Model> model_;
+    std::unique_ptr<Frm_PlayList> playlist_window_;
+    std::unique_ptr<Playlist_Track_Source> track_source_;
+    std::unique_ptr<Subtitle_Table_Source> subtitle_source_;
+    std::unique_ptr<Player_Context> context_;
+    std::unique_ptr<Playback_Session> session_;
+    std::unique_ptr<Session_Player_Hooks> session_hooks_;
+    std::unique_ptr<Player_Controls> controls_;
+    std::unique_ptr<Player_Unroll> unroll_;
+};
+
+} // namespace Orvane
