@@ -1,0 +1,104 @@
+// The whole program on real generated media: start-up, the command line,
+// playing through the keys, the tick, the end of a track, the audio menu and
+// quitting, as a person would drive it.
+#include "app/program.h"
+#include "player/frm_player.h"
+#include "player/playback_session.h"
+#include "player/player_controls.h"
+#include "playlist/playlist_model.h"
+#include "support/generated_media.h"
+#include "support/temp_folder.h"
+#include "ui/message_box.h"
+#include "ui/skin_resources.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTest>
+
+namespace Orvane {
+namespace {
+
+class Program_Test : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        Init_Skin_Resources();
+        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/Lang.ini"), folder.File("Lang.ini"));
+        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/orvan.ini"), folder.File("orvan.ini"));
+        QFile::setPermissions(folder.File("orvan.ini"), QFile::ReadOwner | QFile::WriteOwner);
+    }
+
+    // Starts the program and waits for the player window to unroll and the
+    // command line to be handled.
+    void Start(Program& program, const QStringList& arguments)
+    {
+        ASSERT_TRUE(program.Start(arguments));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return program.Player_Window().height() == 260; }, 3000));
+        QTest::qWait(100);
+    }
+
+    Orvane::Test::Temp_Folder folder;
+    Message_Box_Recorder boxes;
+};
+
+TEST_F(Program_Test, ADamagedConfigurationEndsTheStartBeforeAnyWindowIsShown)
+{
+    folder.Write("orvan.ini", "< Orvane >\r\n");
+    Program program(folder.Path());
+    EXPECT_FALSE(program.Start({}));
+    ASSERT_EQ(boxes.Boxes().size(), 1u);
+    EXPECT_FALSE(program.Player_Window().isVisible());
+}
+
+TEST_F(Program_Test, AFileNamedWithTheSwitchPlaysAndTheTickAdvancesTheTime)
+{
+    Program program(folder.Path());
+    Start(program, {Orvane::Test::Media().Avi_Three_Streams, QStringLiteral("/play")});
+    ASSERT_EQ(program.Model().Track_Count(), 1);
+    EXPECT_EQ(program.State().Current_Track, 1);
+    EXPECT_TRUE(program.Graph().Is_Open());
+    EXPECT_TRUE(program.State().Is_Playing);
+    EXPECT_EQ(program.Player_Window().Title_Text(), program.Model().Track(1).Title);
+
+    ASSERT_TRUE(QTest::qWaitFor([&] { return program.Player_Window().Time_Text() == "00:00:02"; }, 4000));
+
+    // Space pauses; the timer keeps running on the frozen position.
+    program.Controls().Gestion_KeyPress(' ');
+    EXPECT_FALSE(program.State().Is_Playing);
+    EXPECT_TRUE(program.Session().Timer().isActive());
+
+    // The audio menu switches the stream heard.
+    program.Session().Menus().Choose_Stream(3);
+    EXPECT_EQ(program.State().Audio_Choice, 3);
+    EXPECT_EQ(program.Graph().Heard_Stream(), 3);
+    EXPECT_TRUE(program.State().Is_Playing);
+    EXPECT_TRUE(boxes.Boxes().empty()) << boxes.Last_Text().toStdString();
+}
+
+TEST_F(Program_Test, TheEndOfATrackAdvancesAndQuittingWritesTheVolumeInUse)
+{
+    const auto& media = Orvane::Test::Media();
+    folder.Write("two.m3u", ("#EXTM3U\r\n#EXTINF:3,First\r\n" + media.Wav + "\r\n#EXTINF:3,Second\r\n"
+                             + media.Mp3 + "\r\n").toUtf8());
+    Program program(folder.Path());
+    Start(program, {folder.File("two.m3u"), QStringLiteral("--play")});
+    ASSERT_EQ(program.Model().Track_Count(), 2);
+    EXPECT_EQ(program.State().Current_Track, 1);
+
+    ASSERT_TRUE(QTest::qWaitFor([&] { return program.State().Current_Track == 2; }, 6000));
+    EXPECT_TRUE(program.State().Is_Playing);
+    EXPECT_EQ(program.Player_Window().Title_Text(), "Second");
+
+    program.Controls().Gestion_KeyPress('8');
+    program.Controls().Gestion_KeyPress('8');
+    EXPECT_EQ(program.State().Volume_Level, 5);
+    program.Controls().Quit();
+    EXPECT_FALSE(program.Graph().Is_Open());
+    const QList<QByteArray> lines = folder.Read("orvan.ini").split('\n');
+    ASSERT_GE(lines.size(), 28);
+    EXPECT_EQ(lines[27], " 5 \r");
+}
+
+} // namespace
+} // namespace Orvane
