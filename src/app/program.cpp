@@ -147,6 +147,8 @@ void Program::Place_Player_Window()
     const QRect area = screen->availableGeometry();
     player_window_->move(area.left() + (area.width() - player_window_->width()) / 2,
                          area.top() + area.height() - Player_Bottom_Margin);
+    // The playlist window waits at the right edge, clear of the centred display.
+    playlist_window_->move(area.right() - playlist_window_->width() - 16, area.top() + 16);
 }
 
 void Program::Open_Start_File(const QStringList& arguments)
