@@ -19,6 +19,8 @@ using namespace std::chrono_literals;
 constexpr auto Open_Limit = 5000ms;
 constexpr auto Seek_Limit = 3000ms;
 constexpr auto Associated_Limit = 3000ms;
+// Positions this close count as the same place for Restore_Position (seconds).
+constexpr double Restore_Tolerance = 0.1;
 
 QString Message_Text(GstMessage* message)
 {
@@ -284,13 +286,12 @@ bool Gst_Media_Graph::Render_Associated_Audio(const QString& path)
         qWarning("%s", qUtf8Printable(error));
         return false;
     }
-    const double position = Current_Position();
+    // The file starts at its beginning: move it alone to where the picture
+    // is before it is heard, so both run from the same point of the clock.
+    if (!pipeline_->Align_Associated_Audio(pad.get(), Current_Position()))
+        qWarning("The associated audio file could not be moved to the picture's position");
     pipeline_->Select_Audio_Input(pad.get());
     pipeline_->Set_Muted(false);
-    // The file starts at its beginning: move it, with everything else, to
-    // where the picture is, so both run from the same point of the clock.
-    if (!pipeline_->Seek(position, Seek_Limit))
-        qWarning("Aligning the associated audio did not finish in time");
     return true;
 }
 
@@ -314,6 +315,11 @@ void Gst_Media_Graph::Save_Position()
 
 void Gst_Media_Graph::Restore_Position()
 {
+    // When the graph was not rebuilt since the position was saved, it stands
+    // a few milliseconds past it (it ran on until it stopped): seeking back
+    // would only flush it and interrupt the sound again.
+    if (pipeline_ && std::abs(Current_Position() - saved_position_) < Restore_Tolerance)
+        return;
     Set_Current_Position(saved_position_);
 }
 

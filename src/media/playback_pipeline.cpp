@@ -12,8 +12,7 @@ namespace Orvane {
 namespace {
 
 constexpr int Selector_Index = 0;
-constexpr int Format_Index = 3;
-constexpr int Volume_Index = 4;
+constexpr int Volume_Index = 3;
 
 QString Error_Text(GstMessage* message)
 {
@@ -89,7 +88,6 @@ std::unique_ptr<Playback_Pipeline> Playback_Pipeline::Open(const QString& path, 
     if (!pipeline->Build(path, error) || !pipeline->Preroll(limit, error))
         return nullptr;
     pipeline->video_size_ = pipeline->video_->Frame_Size();
-    pipeline->Fix_Audio_Format();
     pipeline->Duration();
     return pipeline;
 }
@@ -106,7 +104,6 @@ bool Playback_Pipeline::Build(const QString& path, QString& error)
     audio_chain_ = {Make_Element("input-selector", "audio_selector"),
                     Make_Element("audioconvert", "audio_convert"),
                     Make_Element("audioresample", "audio_resample"),
-                    Make_Element("capsfilter", "audio_format"),
                     Make_Element("volume", "audio_volume"),
                     Make_Audio_Output()};
     bool complete = pipeline_ && source && decoder_ && video_->Branch();
@@ -116,9 +113,11 @@ bool Playback_Pipeline::Build(const QString& path, QString& error)
         error = QStringLiteral("A GStreamer element the player needs is missing");
         return false;
     }
-    // Inactive streams wait for the heard one, so a switch goes on from the
-    // same running time; cached buffers make that switch gapless.
-    g_object_set(audio_chain_[Selector_Index].get(), "sync-streams", TRUE, "cache-buffers", TRUE, nullptr);
+    // Streams not heard are dropped in step with the clock, as if played: a
+    // switch goes on from the moment being heard, and no stream waits for
+    // another (which would stall the demuxer feeding them all).
+    g_object_set(audio_chain_[Selector_Index].get(), "sync-streams", TRUE, "sync-mode", 1 /* clock */,
+                 "cache-buffers", TRUE, nullptr);
     g_object_set(source.get(), "location", QFile::encodeName(path).constData(), nullptr);
     gst_bin_add_many(GST_BIN(pipeline_.get()), source.get(), decoder_.get(), nullptr);
     if (!gst_element_link(source.get(), decoder_.get())) {
@@ -152,16 +151,6 @@ bool Playback_Pipeline::Preroll(Duration_Limit limit, QString& error)
         if (GST_MESSAGE_SRC(message.get()) == GST_OBJECT(pipeline_.get()))
             return true;
     }
-}
-
-void Playback_Pipeline::Fix_Audio_Format()
-{
-    // Later sources (another stream, an associated file) are converted to the
-    // format the output was opened with, so a switch never reopens the device.
-    Pad_Ref volume_input = Pad_Ref::Adopt(gst_element_get_static_pad(audio_chain_[Volume_Index].get(), "sink"));
-    Caps_Ref caps = Caps_Ref::Adopt(gst_pad_get_current_caps(volume_input.get()));
-    if (caps && gst_caps_is_fixed(caps.get()))
-        g_object_set(audio_chain_[Format_Index].get(), "caps", caps.get(), nullptr);
 }
 
 Bus_Ref Playback_Pipeline::Bus() const
@@ -201,6 +190,11 @@ std::optional<double> Playback_Pipeline::Position() const
 
 bool Playback_Pipeline::Seek(double seconds, Duration_Limit limit)
 {
+    // After a flushing seek every stream starts again at running time 0:
+    // the associated files' own alignment no longer applies.
+    for (const Audio_Input& input : Audio_Inputs())
+        if (input.Associated)
+            gst_pad_set_offset(input.Entry_Pad.get(), 0);
     const gint64 target = gint64(std::max(0.0, seconds) * double(GST_SECOND));
     if (!gst_element_seek_simple(pipeline_.get(), GST_FORMAT_TIME,
                                  GstSeekFlags(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE), target))
@@ -239,13 +233,12 @@ std::vector<Playback_Pipeline::Audio_Input> Playback_Pipeline::Audio_Inputs() co
         std::lock_guard lock(mutex_);
         inputs = audio_inputs_;
     }
+    // The decoder's pad holds the stream-start from the moment it appears;
+    // the selector's pad only once data went through.
     for (Audio_Input& input : inputs) {
-        input.Stream_Id = Stream_Id(input.Selector_Pad.get());
-        if (input.Stream_Id.isEmpty()) {
-            Pad_Ref peer = Pad_Ref::Adopt(gst_pad_get_peer(input.Selector_Pad.get()));
-            if (peer)
-                input.Stream_Id = Stream_Id(peer.get());
-        }
+        input.Stream_Id = Stream_Id(input.Decoder_Pad.get());
+        if (input.Stream_Id.isEmpty())
+            input.Stream_Id = Stream_Id(input.Selector_Pad.get());
     }
     return inputs;
 }
@@ -323,6 +316,46 @@ Pad_Ref Playback_Pipeline::Add_Associated_Audio(const QString& path, Duration_Li
     return nullptr;
 }
 
+GstClockTime Playback_Pipeline::Running_Time_Of(double position) const
+{
+    std::vector<Pad_Ref> candidates;
+    if (const Element_Ref video_sink =
+            Element_Ref::Adopt(gst_bin_get_by_name(GST_BIN(pipeline_.get()), "video_sink")))
+        candidates.push_back(Pad_Ref::Adopt(gst_element_get_static_pad(video_sink.get(), "sink")));
+    candidates.push_back(Pad_Ref::Adopt(gst_element_get_static_pad(audio_chain_[Selector_Index].get(), "src")));
+    const guint64 target = guint64(std::max(0.0, position) * double(GST_SECOND));
+    for (const Pad_Ref& pad : candidates) {
+        if (!pad)
+            continue;
+        const Gst_Ref<GstEvent> event =
+            Gst_Ref<GstEvent>::Adopt(gst_pad_get_sticky_event(pad.get(), GST_EVENT_SEGMENT, 0));
+        if (!event)
+            continue;
+        const GstSegment* segment = nullptr;
+        gst_event_parse_segment(event.get(), &segment);
+        const GstClockTime running = gst_segment_to_running_time(segment, GST_FORMAT_TIME, target);
+        if (GST_CLOCK_TIME_IS_VALID(running))
+            return running;
+    }
+    return 0;
+}
+
+bool Playback_Pipeline::Align_Associated_Audio(GstPad* selector_pad, double position)
+{
+    Pad_Ref entry;
+    for (const Audio_Input& input : Audio_Inputs())
+        if (input.Selector_Pad.get() == selector_pad && input.Associated)
+            entry = input.Entry_Pad;
+    if (!entry)
+        return false;
+    gst_pad_set_offset(entry.get(), gint64(Running_Time_Of(position)));
+    GstEvent* seek = gst_event_new_seek(1.0, GST_FORMAT_TIME,
+                                        GstSeekFlags(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE),
+                                        GST_SEEK_TYPE_SET, gint64(std::max(0.0, position) * double(GST_SECOND)),
+                                        GST_SEEK_TYPE_NONE, GST_CLOCK_TIME_NONE);
+    return gst_pad_push_event(entry.get(), seek);
+}
+
 bool Playback_Pipeline::From_Abandoned_Branch(GstObject* source) const
 {
     for (const Element_Ref& element : abandoned_)
@@ -391,6 +424,25 @@ void Playback_Pipeline::On_Sync_Message(GstMessage* message, gpointer self)
     }
 }
 
+Caps_Ref Playback_Pipeline::Common_Audio_Caps(GstPad* first_pad)
+{
+    if (common_audio_caps_)
+        return common_audio_caps_;
+    // The first stream's rate and channels, as 32-bit float.
+    int rate = 44100;
+    int channels = 2;
+    Caps_Ref caps = Caps_Ref::Adopt(gst_pad_get_current_caps(first_pad));
+    if (caps && gst_caps_get_size(caps.get()) > 0) {
+        const GstStructure* structure = gst_caps_get_structure(caps.get(), 0);
+        gst_structure_get_int(structure, "rate", &rate);
+        gst_structure_get_int(structure, "channels", &channels);
+    }
+    common_audio_caps_ = Caps_Ref::Adopt(gst_caps_new_simple(
+        "audio/x-raw", "format", G_TYPE_STRING, "F32LE", "layout", G_TYPE_STRING, "interleaved", "rate",
+        G_TYPE_INT, rate, "channels", G_TYPE_INT, std::clamp(channels, 1, 8), nullptr));
+    return common_audio_caps_;
+}
+
 Pad_Ref Playback_Pipeline::Link_Audio(GstPad* pad, bool associated)
 {
     std::lock_guard structure(structure_mutex_);
@@ -408,12 +460,32 @@ Pad_Ref Playback_Pipeline::Link_Audio(GstPad* pad, bool associated)
         std::lock_guard lock(mutex_);
         audio_chain_added_ = true;
     }
+    // Every input is converted to one format before the selector: a switch
+    // then never changes the caps downstream, and the selector's loss of a
+    // pad's pending caps when a flush comes right after a switch is harmless.
+    const Element_Ref convert = Make_Element("audioconvert");
+    const Element_Ref resample = Make_Element("audioresample");
+    const Element_Ref format = Make_Element("capsfilter");
+    if (!convert || !resample || !format)
+        return nullptr;
+    g_object_set(format.get(), "caps", Common_Audio_Caps(pad).get(), nullptr);
+    GstBin* bin = GST_BIN(pipeline_.get());
+    gst_bin_add_many(bin, convert.get(), resample.get(), format.get(), nullptr);
+    if (!gst_element_link_many(convert.get(), resample.get(), format.get(), nullptr))
+        return nullptr;
     Pad_Ref selector_pad = Pad_Ref::Adopt(
         gst_element_request_pad_simple(audio_chain_[Selector_Index].get(), "sink_%u"));
-    if (!selector_pad || !GST_PAD_LINK_SUCCESSFUL(gst_pad_link(pad, selector_pad.get())))
+    Pad_Ref format_output = Pad_Ref::Adopt(gst_element_get_static_pad(format.get(), "src"));
+    if (!selector_pad || !GST_PAD_LINK_SUCCESSFUL(gst_pad_link(format_output.get(), selector_pad.get())))
+        return nullptr;
+    for (GstElement* element : {format.get(), resample.get(), convert.get()})
+        gst_element_sync_state_with_parent(element);
+    if (!Link_Pads(pad, convert.get()))
         return nullptr;
     std::lock_guard lock(mutex_);
-    audio_inputs_.push_back({selector_pad, QString(), associated});
+    audio_inputs_.push_back({selector_pad, Pad_Ref::Share(pad),
+                             Pad_Ref::Adopt(gst_element_get_static_pad(convert.get(), "sink")), QString(),
+                             associated});
     return selector_pad;
 }
 

@@ -19,8 +19,9 @@ namespace Orvane {
 class Frame_Mailbox;
 
 // The pipeline of one open file:
-//   filesrc ! decodebin, each decoded audio stream into a pad of its own of
-//   input-selector ! audioconvert ! audioresample ! capsfilter ! volume ! output,
+//   filesrc ! decodebin, each decoded audio stream through
+//   audioconvert ! audioresample ! capsfilter (one format for all) into a pad of its own of
+//   input-selector ! audioconvert ! audioresample ! volume ! output,
 //   the picture into the video branch (Video_Frame_Sink), anything else to a fakesink;
 // and for each associated audio file, filesrc ! decodebin into one more
 // selector pad. The selector's active pad is the one heard. The audio and
@@ -31,7 +32,9 @@ public:
 
     struct Audio_Input {
         Pad_Ref Selector_Pad;
-        QString Stream_Id;   // of the stream-start event that reached the pad
+        Pad_Ref Decoder_Pad;  // the decodebin pad the stream comes out of
+        Pad_Ref Entry_Pad;    // the first pad of its branch, fed by Decoder_Pad
+        QString Stream_Id;    // of its stream-start event
         bool Associated = false;
     };
 
@@ -70,6 +73,10 @@ public:
     // Renders an associated audio file into this pipeline; its selector pad,
     // or nothing with error set (the file's elements are taken out again).
     Pad_Ref Add_Associated_Audio(const QString& path, Duration_Limit limit, QString& error);
+    // Moves an associated file's branch, on its own, to position: the part
+    // of the file at position plays at the running time the picture shows
+    // it, without flushing (and prerolling again) the rest of the pipeline.
+    bool Align_Associated_Audio(GstPad* selector_pad, double position);
     // A message from the elements of an associated file that failed.
     bool From_Abandoned_Branch(GstObject* source) const;
 
@@ -79,7 +86,6 @@ private:
     explicit Playback_Pipeline(int pipeline_id, Frame_Mailbox& mailbox);
     bool Build(const QString& path, QString& error);
     bool Preroll(Duration_Limit limit, QString& error);
-    void Fix_Audio_Format();
 
     // Streaming threads.
     static void On_Pad_Added(GstElement* decoder, GstPad* pad, gpointer self);
@@ -87,6 +93,9 @@ private:
     static void On_Associated_No_More_Pads(GstElement* decoder, gpointer branch);
     static void On_Sync_Message(GstMessage* message, gpointer self);
     Pad_Ref Link_Audio(GstPad* pad, bool associated);
+    Caps_Ref Common_Audio_Caps(GstPad* first_pad);  // with structure_mutex_ held
+    // The running time at which the picture (or the sound heard) shows position.
+    GstClockTime Running_Time_Of(double position) const;
     void Link_Video(GstPad* pad);
     void Link_Elsewhere(GstPad* pad);
 
@@ -107,6 +116,7 @@ private:
     std::mutex structure_mutex_;
     mutable std::mutex mutex_;  // guards what streaming threads touch below
     std::condition_variable branch_settled_;
+    Caps_Ref common_audio_caps_;  // guarded by structure_mutex_
     bool audio_chain_added_ = false;
     bool video_chain_added_ = false;
     std::vector<Audio_Input> audio_inputs_;
