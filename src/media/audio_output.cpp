@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QtGlobal>
+#include <utility>
 
 namespace Orvane {
 
@@ -45,7 +46,7 @@ bool Found_Device(GstElement* automatic)
 
 } // namespace
 
-Element_Ref Make_Audio_Output()
+Element_Ref Make_Audio_Output(bool& no_device_reported)
 {
     const QByteArray description = qgetenv("ORVANE_AUDIO_SINK");
     if (!description.trimmed().isEmpty())
@@ -57,7 +58,8 @@ Element_Ref Make_Audio_Output()
         return automatic;
     if (automatic)
         gst_element_set_state(automatic.get(), GST_STATE_NULL);
-    qWarning("No audio device could be opened: playing without sound");
+    if (!std::exchange(no_device_reported, true))
+        qWarning("No audio device could be opened: playing without sound");
     return Silent_Output();
 }
 

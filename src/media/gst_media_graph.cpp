@@ -55,7 +55,7 @@ bool Gst_Media_Graph::Open_Graph(const QString& path)
     const int id = ++last_pipeline_id_;
     mailbox_.Set_Current_Pipeline(id);
     QString error;
-    pipeline_ = Playback_Pipeline::Open(path, id, mailbox_, Open_Limit, error);
+    pipeline_ = Playback_Pipeline::Open(path, {id, mailbox_, Open_Limit, no_audio_device_reported_}, error);
     if (!pipeline_) {
         last_error_ = error;
         return false;
@@ -75,7 +75,6 @@ void Gst_Media_Graph::Close_Graph()
     bus_watch_.reset();
     pipeline_.reset();
     pipeline_id_ = 0;
-    has_splitter_ = false;
     last_position_ = 0.0;
 }
 
@@ -175,10 +174,9 @@ void Gst_Media_Graph::Set_Video_Widget(Video_Widget* widget)
     connect(widget, &QObject::destroyed, this, [this] { mailbox_.Set_Wanted(false); });
 }
 
-bool Gst_Media_Graph::Find_Splitter()
+bool Gst_Media_Graph::Find_Splitter() const
 {
-    has_splitter_ = pipeline_ && pipeline_->Find_Splitter();
-    return has_splitter_;
+    return pipeline_ && pipeline_->Find_Splitter();
 }
 
 std::map<int, Pad_Ref> Gst_Media_Graph::Streams_By_Number(bool has_video) const

@@ -49,8 +49,8 @@ public:
     void Save_Position() override;
     void Restore_Position() override;
 
-    // Whether the open pipeline holds an AVI or MPEG splitter.
-    bool Find_Splitter();
+    // Whether the open pipeline holds an AVI or MPEG splitter (Has_Splitter).
+    bool Find_Splitter() const;
     // Frames go to this widget (none: frames are dropped). It must outlive
     // the graph or be unset first.
     void Set_Video_Widget(Video_Widget* widget);
@@ -79,7 +79,7 @@ private:
     std::map<int, Pad_Ref> saved_audio_pins_;  // Saved_Audio_Pins, by stream number
     double saved_position_ = 0.0;              // Saved_Position
     mutable double last_position_ = 0.0;       // answered while a position query fails
-    bool has_splitter_ = false;
+    bool no_audio_device_reported_ = false;
 };
 
 } // namespace Orvane

@@ -68,8 +68,9 @@ bool Run_Pipeline(const QString& launch_description, QString* error)
     }
     std::unique_ptr<GstBus, Object_Unref> bus(gst_element_get_bus(pipeline.get()));
     gst_element_set_state(pipeline.get(), GST_STATE_PLAYING);
+    // Generous: on a loaded build machine the MPEG-2 encoder alone takes tens of seconds.
     std::unique_ptr<GstMessage, Message_Unref> message(gst_bus_timed_pop_filtered(
-        bus.get(), 60 * GST_SECOND, GstMessageType(GST_MESSAGE_EOS | GST_MESSAGE_ERROR)));
+        bus.get(), 180 * GST_SECOND, GstMessageType(GST_MESSAGE_EOS | GST_MESSAGE_ERROR)));
     bool finished = message && GST_MESSAGE_TYPE(message.get()) == GST_MESSAGE_EOS;
     if (!finished && error) {
         if (!message) {

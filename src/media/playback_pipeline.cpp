@@ -80,19 +80,18 @@ Playback_Pipeline::~Playback_Pipeline()
             gst_element_set_state(element.get(), GST_STATE_NULL);
 }
 
-std::unique_ptr<Playback_Pipeline> Playback_Pipeline::Open(const QString& path, int pipeline_id,
-                                                           Frame_Mailbox& mailbox,
-                                                           Duration_Limit limit, QString& error)
+std::unique_ptr<Playback_Pipeline> Playback_Pipeline::Open(const QString& path, const Setup& setup,
+                                                           QString& error)
 {
-    std::unique_ptr<Playback_Pipeline> pipeline(new Playback_Pipeline(pipeline_id, mailbox));
-    if (!pipeline->Build(path, error) || !pipeline->Preroll(limit, error))
+    std::unique_ptr<Playback_Pipeline> pipeline(new Playback_Pipeline(setup.Pipeline_Id, setup.Mailbox));
+    if (!pipeline->Build(path, setup.No_Audio_Device_Reported, error) || !pipeline->Preroll(setup.Limit, error))
         return nullptr;
     pipeline->video_size_ = pipeline->video_->Frame_Size();
     pipeline->Duration();
     return pipeline;
 }
 
-bool Playback_Pipeline::Build(const QString& path, QString& error)
+bool Playback_Pipeline::Build(const QString& path, bool& no_audio_device_reported, QString& error)
 {
     if (!QFileInfo(path).isReadable()) {
         error = QStringLiteral("Cannot read \"%1\"").arg(path);
@@ -105,7 +104,7 @@ bool Playback_Pipeline::Build(const QString& path, QString& error)
                     Make_Element("audioconvert", "audio_convert"),
                     Make_Element("audioresample", "audio_resample"),
                     Make_Element("volume", "audio_volume"),
-                    Make_Audio_Output()};
+                    Make_Audio_Output(no_audio_device_reported)};
     bool complete = pipeline_ && source && decoder_ && video_->Branch();
     for (const Element_Ref& element : audio_chain_)
         complete = complete && element;
@@ -205,13 +204,6 @@ bool Playback_Pipeline::Seek(double seconds, Duration_Limit limit)
 void Playback_Pipeline::Set_Volume(double linear)
 {
     g_object_set(audio_chain_[Volume_Index].get(), "volume", linear, nullptr);
-}
-
-double Playback_Pipeline::Volume() const
-{
-    double linear = 1.0;
-    g_object_get(audio_chain_[Volume_Index].get(), "volume", &linear, nullptr);
-    return linear;
 }
 
 void Playback_Pipeline::Set_Muted(bool muted)

@@ -38,11 +38,17 @@ public:
         bool Associated = false;
     };
 
+    // What a pipeline is opened with.
+    struct Setup {
+        int Pipeline_Id = 0;
+        Frame_Mailbox& Mailbox;
+        Duration_Limit Limit;
+        bool& No_Audio_Device_Reported;  // see Make_Audio_Output
+    };
+
     // Builds and prerolls (paused at 0). Null with error set on failure;
     // nothing is left running then.
-    static std::unique_ptr<Playback_Pipeline> Open(const QString& path, int pipeline_id,
-                                                   Frame_Mailbox& mailbox, Duration_Limit limit,
-                                                   QString& error);
+    static std::unique_ptr<Playback_Pipeline> Open(const QString& path, const Setup& setup, QString& error);
     ~Playback_Pipeline();
     Playback_Pipeline(const Playback_Pipeline&) = delete;
     Playback_Pipeline& operator=(const Playback_Pipeline&) = delete;
@@ -59,7 +65,6 @@ public:
     bool Seek(double seconds, Duration_Limit limit);
 
     void Set_Volume(double linear);
-    double Volume() const;
     void Set_Muted(bool muted);
     bool Muted() const;
 
@@ -84,7 +89,7 @@ private:
     struct Associated_Branch;
 
     explicit Playback_Pipeline(int pipeline_id, Frame_Mailbox& mailbox);
-    bool Build(const QString& path, QString& error);
+    bool Build(const QString& path, bool& no_audio_device_reported, QString& error);
     bool Preroll(Duration_Limit limit, QString& error);
 
     // Streaming threads.

@@ -208,6 +208,37 @@ TEST(Media_Graph_Volume, TheGainIsWhatReachesTheOutput)
     EXPECT_NEAR(quiet / full, 0.1, 0.01);
 }
 
+TEST(Media_Graph_Output, WithoutAUsableDeviceTheClockRunsOnThroughASilentSink)
+{
+    // Unset: the system's own output. Without a device (as on a build
+    // machine) a fakesink that keeps time takes its place.
+    Support::Audio_Output_Override output("");
+    Gst_Media_Graph graph;
+    ASSERT_TRUE(graph.Open_Graph(Support::Media().Wav));
+    const Element_Ref silent = Element_Ref::Adopt(gst_bin_get_by_name(GST_BIN(graph.Pipeline()), "silent_audio_output"));
+    const Element_Ref device = Element_Ref::Adopt(gst_bin_get_by_name(GST_BIN(graph.Pipeline()), "audio_output"));
+    ASSERT_TRUE(silent || device);
+    if (silent) {
+        gboolean sync = FALSE;
+        g_object_get(silent.get(), "sync", &sync, nullptr);
+        EXPECT_TRUE(sync) << "a silent output must still play in time";
+    }
+    graph.Run();
+    QTest::qWait(300);
+    EXPECT_GT(graph.Current_Position(), 0.15);
+    EXPECT_LT(graph.Current_Position(), 1.0) << "played in time, not as fast as it decodes";
+}
+
+TEST(Media_Graph_Output, AnOutputDescriptionThatCannotBeBuiltFallsBackToTheDefault)
+{
+    Support::Audio_Output_Override output("no_such_element_anywhere ! fakesink");
+    Gst_Media_Graph graph;
+    ASSERT_TRUE(graph.Open_Graph(Support::Media().Wav)) << graph.Last_Error().toStdString();
+    const Element_Ref silent = Element_Ref::Adopt(gst_bin_get_by_name(GST_BIN(graph.Pipeline()), "silent_audio_output"));
+    const Element_Ref device = Element_Ref::Adopt(gst_bin_get_by_name(GST_BIN(graph.Pipeline()), "audio_output"));
+    EXPECT_TRUE(silent || device);
+}
+
 TEST(Media_Graph_Video, FramesReachTheWidgetOnTheGuiThreadAndStopWhenItGoes)
 {
     Gst_Media_Graph graph;
