@@ -7,12 +7,10 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QFile>
 #include <QImage>
 #include <QSignalSpy>
 #include <QSvgRenderer>
 #include <QTest>
-#include <QXmlStreamReader>
 
 namespace Orvane {
 namespace {
@@ -22,22 +20,7 @@ protected:
     static void SetUpTestSuite() { Init_Skin_Resources(); }
 };
 
-const QStringList Required_Pictures = {
-    "player_background", "button_open", "button_play", "button_stop", "button_pause",
-    "button_fullscreen", "button_subtitles", "button_config", "button_playlist",
-    "button_volume_up", "button_volume_down", "button_next", "button_audio", "button_previous",
-    "volume_0", "volume_1", "volume_2", "volume_3", "volume_4", "volume_5", "volume_6",
-    "progress_track", "progress_fill", "progress_cursor", "lamp_audio", "lamp_subtitles_off",
-    "lamp_subtitles_on", "display_top_left", "display_top_middle", "display_top_right",
-    "display_splash", "about_picture", "playlist_background", "tab_playlist", "tab_audio",
-    "tab_subtitles", "tab_playlist_active", "tab_audio_active", "tab_subtitles_active",
-    "button_add", "button_remove", "button_open_list", "button_save_list", "button_delay_up",
-    "button_delay_down", "option_box", "option_mark", "button_close"};
-
-QImage Render(const QString& name)
-{
-    return Render_Skin_Picture(name, Skin_Picture_Size(name), 1.0).toImage();
-}
+QImage Render(const QString& name) { return Render_Skin_Picture(name, Skin_Picture_Size(name), 1.0).toImage(); }
 
 // The accent colour of the skin's lit parts: a bright cyan.
 bool Is_Lit(QRgb pixel)
@@ -50,205 +33,127 @@ bool Is_Lit(QRgb pixel)
 int Lit_Runs(const QImage& image, int row)
 {
     int runs = 0;
-    bool inside = false;
-    for (int x = 0; x < image.width(); ++x) {
-        const bool lit = Is_Lit(image.pixel(x, row));
-        if (lit && !inside)
-            ++runs;
-        inside = lit;
-    }
+    for (int x = 0; x < image.width(); ++x)
+        runs += Is_Lit(image.pixel(x, row)) && (x == 0 || !Is_Lit(image.pixel(x - 1, row))) ? 1 : 0;
     return runs;
 }
 
-int Lit_Pixels(const QImage& image)
+int Pixels(const QImage& image, bool (*wanted)(QRgb))
 {
     int count = 0;
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
-            count += Is_Lit(image.pixel(x, y)) ? 1 : 0;
+            count += wanted(image.pixel(x, y)) ? 1 : 0;
     return count;
 }
 
-TEST_F(Skin, every_picture_is_a_well_formed_svg_that_draws)
+TEST_F(Skin, EveryPictureTheWindowsAskForIsCompiledInAndDraws)
 {
-    const QStringList compiled = QDir(QStringLiteral(":/skin")).entryList(QDir::Files);
-    ASSERT_FALSE(compiled.isEmpty());
-    for (const QString& file : compiled) {
-        QFile svg(QStringLiteral(":/skin/") + file);
-        ASSERT_TRUE(svg.open(QIODevice::ReadOnly)) << file.toStdString();
-        QXmlStreamReader xml(&svg);
-        while (!xml.atEnd())
-            xml.readNext();
-        EXPECT_FALSE(xml.hasError()) << file.toStdString() << ": " << xml.errorString().toStdString();
-
-        const QString name = file.chopped(4);
-        QSvgRenderer renderer(Skin_Path(name));
-        ASSERT_TRUE(renderer.isValid()) << file.toStdString();
-        EXPECT_FALSE(renderer.defaultSize().isEmpty()) << file.toStdString();
-        const QImage image = Render(name);
-        bool drawn = false;
-        for (int y = 0; y < image.height() && !drawn; ++y)
-            for (int x = 0; x < image.width() && !drawn; ++x)
-                drawn = qAlpha(image.pixel(x, y)) > 0;
-        EXPECT_TRUE(drawn) << file.toStdString() << " draws nothing";
+    QStringList names = QStringLiteral("player_background display_splash about_picture playlist_background "
+        "progress_track progress_fill progress_cursor lamp_audio lamp_subtitles_off lamp_subtitles_on option_box "
+        "option_mark display_top_left display_top_middle display_top_right tab_playlist tab_audio tab_subtitles "
+        "tab_playlist_active tab_audio_active tab_subtitles_active volume_0 volume_1 volume_2 volume_3 volume_4 "
+        "volume_5 volume_6 button_open button_play button_stop button_pause button_fullscreen button_subtitles "
+        "button_config button_playlist button_volume_up button_volume_down button_next button_audio "
+        "button_previous button_add button_remove button_open_list button_save_list button_delay_up "
+        "button_delay_down button_close").split(u' ');
+    // Every file of the skin folder is compiled in too.
+    for (const QString& file : QDir(ORVANE_SOURCE_DIR "/resources/skin").entryList({"*.svg"}, QDir::Files))
+        names << file.chopped(4);
+    for (const QString& name : names) {
+        SCOPED_TRACE(name.toStdString());
+        ASSERT_TRUE(QSvgRenderer(Skin_Path(name)).isValid());
+        EXPECT_GT(Pixels(Render(name), [](QRgb pixel) { return qAlpha(pixel) > 0; }), 0) << "draws nothing";
     }
 }
 
-TEST_F(Skin, holds_every_picture_the_windows_ask_for_and_every_file_of_the_skin_folder)
-{
-    for (const QString& name : Required_Pictures)
-        EXPECT_TRUE(QFile::exists(Skin_Path(name))) << name.toStdString();
-
-    const QDir sources(QStringLiteral(ORVANE_SOURCE_DIR "/resources/skin"));
-    const QStringList files = sources.entryList({QStringLiteral("*.svg")}, QDir::Files);
-    ASSERT_FALSE(files.isEmpty());
-    for (const QString& file : files)
-        EXPECT_TRUE(QFile::exists(QStringLiteral(":/skin/") + file))
-            << file.toStdString() << " is missing from the resource file";
-}
-
-TEST_F(Skin, pictures_have_the_sizes_the_windows_are_laid_out_for)
+TEST_F(Skin, PicturesHaveTheSizesOfTheLayoutAndLightAsTheStateSays)
 {
     EXPECT_EQ(Skin_Picture_Size("player_background"), QSize(600, 260));
     EXPECT_EQ(Skin_Picture_Size("progress_track").width(), 310);
-    EXPECT_EQ(Skin_Picture_Size("progress_fill"), Skin_Picture_Size("progress_track"));
     for (const char* piece : {"display_top_left", "display_top_middle", "display_top_right"})
         EXPECT_EQ(Skin_Picture_Size(piece).height(), 20) << piece;
-    for (int level = 1; level <= 6; ++level)
-        EXPECT_EQ(Skin_Picture_Size(QStringLiteral("volume_%1").arg(level)),
-                  Skin_Picture_Size("volume_0"));
-    EXPECT_EQ(Skin_Picture_Size("lamp_subtitles_on"), Skin_Picture_Size("lamp_subtitles_off"));
-    for (const char* tab : {"tab_playlist", "tab_audio", "tab_subtitles"})
-        EXPECT_EQ(Skin_Picture_Size(QString::fromLatin1(tab) + "_active"), Skin_Picture_Size(tab));
-    EXPECT_EQ(Skin_Picture_Size("option_mark"), Skin_Picture_Size("option_box"));
-}
+    const std::pair<QString, QString> alike[] = {{"progress_fill", "progress_track"}, {"volume_1", "volume_0"},
+        {"volume_6", "volume_0"}, {"lamp_subtitles_on", "lamp_subtitles_off"}, {"tab_playlist_active", "tab_playlist"},
+        {"tab_audio_active", "tab_audio"}, {"tab_subtitles_active", "tab_subtitles"}, {"option_mark", "option_box"}};
+    for (const auto& [one, other] : alike)
+        EXPECT_EQ(Skin_Picture_Size(one), Skin_Picture_Size(other)) << one.toStdString();
 
-TEST_F(Skin, the_gauge_picture_of_level_l_lights_l_of_its_six_bars)
-{
-    const QImage all_lit = Render("volume_6");
-    // The row near the bars' feet crosses all six of them.
-    const int row = all_lit.height() - 5;
-    ASSERT_EQ(Lit_Runs(all_lit, row), 6);
+    // The gauge of level L lights L of its six bars; only lit lamps show the accent.
+    const int row = Skin_Picture_Size("volume_6").height() - 5;  // crosses all six bars near their feet
     for (int level = 0; level <= 6; ++level)
         EXPECT_EQ(Lit_Runs(Render(QStringLiteral("volume_%1").arg(level)), row), level) << level;
+    EXPECT_GT(Pixels(Render("lamp_subtitles_on"), Is_Lit), 20);
+    EXPECT_GT(Pixels(Render("lamp_audio"), Is_Lit), 20);
+    EXPECT_EQ(Pixels(Render("lamp_subtitles_off"), Is_Lit), 0);
+    EXPECT_GT(Pixels(Render("tab_audio_active"), Is_Lit), Pixels(Render("tab_audio"), Is_Lit));
 }
 
-TEST_F(Skin, only_the_lit_lamps_show_the_accent)
+TEST_F(Skin, PictureButtonsAndClickableLabelsReportTheMouseAndLeaveTheSinkingToTheirOwner)
 {
-    EXPECT_GT(Lit_Pixels(Render("lamp_subtitles_on")), 20);
-    EXPECT_GT(Lit_Pixels(Render("lamp_audio")), 20);
-    EXPECT_EQ(Lit_Pixels(Render("lamp_subtitles_off")), 0);
-    EXPECT_GT(Lit_Pixels(Render("tab_audio_active")), Lit_Pixels(Render("tab_audio")));
-}
-
-TEST_F(Skin, picture_button_reports_presses_and_clicks_with_the_mouse_button_and_modifiers)
-{
-    Picture_Button button(QStringLiteral("button_add"));
+    Picture_Button button("button_play");
     button.Place(QRect(40, 55, 28, 24));
     QSignalSpy downs(&button, &Picture_Button::Mouse_Down);
     QSignalSpy ups(&button, &Picture_Button::Mouse_Up);
     QSignalSpy clicks(&button, &Picture_Button::Clicked);
-
     QTest::mouseClick(&button, Qt::LeftButton, Qt::ShiftModifier, QPoint(10, 10));
-    ASSERT_EQ(clicks.count(), 1);
-    EXPECT_EQ(clicks[0][0].value<Qt::MouseButton>(), Qt::LeftButton);
-    EXPECT_EQ(clicks[0][1].value<Qt::KeyboardModifiers>(), Qt::ShiftModifier);
-    ASSERT_EQ(downs.count(), 1);
-    EXPECT_EQ(downs[0][1].value<Qt::KeyboardModifiers>(), Qt::ShiftModifier);
-
     QTest::mouseClick(&button, Qt::RightButton, Qt::NoModifier, QPoint(10, 10));
     ASSERT_EQ(clicks.count(), 2);
+    EXPECT_EQ(clicks[0][0].value<Qt::MouseButton>(), Qt::LeftButton);
+    EXPECT_EQ(clicks[0][1].value<Qt::KeyboardModifiers>(), Qt::ShiftModifier);
     EXPECT_EQ(clicks[1][0].value<Qt::MouseButton>(), Qt::RightButton);
     EXPECT_EQ(clicks[1][1].value<Qt::KeyboardModifiers>(), Qt::NoModifier);
 
-    // Released away from the button: a press and a release, but no click.
+    // Released away from the button: a press and a release, but no click; a press alone does not sink it.
     QTest::mousePress(&button, Qt::LeftButton, {}, QPoint(10, 10));
+    EXPECT_EQ(button.Top(), 55);
     QTest::mouseRelease(&button, Qt::LeftButton, {}, QPoint(60, 10));
-    EXPECT_EQ(downs.count(), 3);
-    EXPECT_EQ(ups.count(), 3);
-    EXPECT_EQ(clicks.count(), 2);
-}
-
-TEST_F(Skin, picture_button_leaves_the_sinking_to_its_owner)
-{
-    Picture_Button button(QStringLiteral("button_play"));
-    button.Place(QRect(74, 91, 42, 30));
-    QTest::mousePress(&button, Qt::LeftButton, {}, QPoint(5, 5));
-    EXPECT_EQ(button.Top(), 91) << "a press alone does not move the picture";
+    EXPECT_EQ(QList<qsizetype>({downs.count(), ups.count(), clicks.count()}), QList<qsizetype>({3, 3, 2}));
     button.Set_Top(button.Resting_Top() + 1);
-    EXPECT_EQ(button.geometry(), QRect(74, 92, 42, 30));
-    EXPECT_EQ(button.Resting_Top(), 91);
-    QTest::mouseRelease(&button, Qt::LeftButton, {}, QPoint(5, 5));
-}
+    EXPECT_EQ(button.geometry(), QRect(40, 56, 28, 24));
 
-TEST_F(Skin, labels_take_clicks_only_when_clickable)
-{
+    // A label takes clicks only when clickable; a plain one lets the window drag.
     QWidget window;
-    auto* label = new Skin_Label(QStringLiteral("00:00:00"), &window);
+    auto* label = new Skin_Label("00:00:00", &window);
     label->setGeometry(0, 0, 100, 20);
-    QSignalSpy clicks(label, &Skin_Label::Clicked);
-
-    QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton,
-                      Qt::LeftButton, Qt::NoModifier);
+    QSignalSpy label_clicks(label, &Skin_Label::Clicked);
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton, Qt::LeftButton, {});
     QApplication::sendEvent(label, &press);
-    EXPECT_FALSE(press.isAccepted()) << "a plain label lets the window drag";
+    EXPECT_FALSE(press.isAccepted());
     QTest::mouseClick(label, Qt::LeftButton, {}, QPoint(5, 5));
-    EXPECT_EQ(clicks.count(), 0);
-
+    EXPECT_EQ(label_clicks.count(), 0);
     label->Set_Clickable(true);
     QTest::mouseClick(label, Qt::LeftButton, {}, QPoint(5, 5));
-    EXPECT_EQ(clicks.count(), 1);
     QTest::mouseClick(label, Qt::RightButton, {}, QPoint(5, 5));
-    EXPECT_EQ(clicks.count(), 1);
+    EXPECT_EQ(label_clicks.count(), 1);
 }
 
-TEST_F(Skin, progress_track_reports_mouse_positions_in_twips_even_outside_while_dragging)
+TEST_F(Skin, ProgressTrackReportsTwipsEvenOutsideWhileDraggingAndLightsUpToTheFill)
 {
-    Skin_Progress_Track track(QStringLiteral("progress_track"), QStringLiteral("progress_fill"));
+    Skin_Progress_Track track("progress_track", "progress_fill");
     EXPECT_EQ(track.size(), Skin_Picture_Size("progress_track"));
     QSignalSpy downs(&track, &Skin_Progress_Track::Mouse_Down);
     QSignalSpy moves(&track, &Skin_Progress_Track::Mouse_Move);
     QSignalSpy ups(&track, &Skin_Progress_Track::Mouse_Up);
-
     QTest::mousePress(&track, Qt::LeftButton, {}, QPoint(0, 10));
-    const auto move_to = [&track](int x, Qt::MouseButtons held) {
-        QMouseEvent move(QEvent::MouseMove, QPointF(x, 10), track.mapToGlobal(QPointF(x, 10)),
-                         Qt::NoButton, held, Qt::NoModifier);
+    for (const auto& [x, held] : {std::pair{155, Qt::LeftButton}, {-4, Qt::LeftButton}, {330, Qt::LeftButton},
+                                  {100, Qt::NoButton}}) {  // the last one hovers: not a drag
+        QMouseEvent move(QEvent::MouseMove, QPointF(x, 10), track.mapToGlobal(QPointF(x, 10)), Qt::NoButton, held, {});
         QApplication::sendEvent(&track, &move);
-    };
-    move_to(155, Qt::LeftButton);
-    move_to(-4, Qt::LeftButton);
-    move_to(330, Qt::LeftButton);
-    move_to(100, Qt::NoButton);  // hovering: not a drag
+    }
     QTest::mouseRelease(&track, Qt::LeftButton, {}, QPoint(310, 10));
-
-    ASSERT_EQ(downs.count(), 1);
-    EXPECT_EQ(downs[0][0].toInt(), 0);
-    ASSERT_EQ(moves.count(), 3);
-    EXPECT_EQ(moves[0][0].toInt(), 155 * 15);
-    EXPECT_EQ(moves[1][0].toInt(), -4 * 15);
-    EXPECT_EQ(moves[2][0].toInt(), 330 * 15);
-    ASSERT_EQ(ups.count(), 1);
-    EXPECT_EQ(ups[0][0].toInt(), 4650);
-
     QTest::mouseClick(&track, Qt::RightButton, {}, QPoint(50, 10));
-    EXPECT_EQ(downs.count(), 1);
-    EXPECT_EQ(ups.count(), 1);
-}
+    EXPECT_EQ(downs, QList<QList<QVariant>>({{0}}));
+    EXPECT_EQ(moves, QList<QList<QVariant>>({{155 * 15}, {-4 * 15}, {330 * 15}}));
+    EXPECT_EQ(ups, QList<QList<QVariant>>({{4650}}));
 
-TEST_F(Skin, progress_track_lights_the_groove_up_to_the_fill_only)
-{
-    Skin_Progress_Track track(QStringLiteral("progress_track"), QStringLiteral("progress_fill"));
     track.Set_Fill(100);
     const QImage image = track.grab().toImage();
     const int row = track.height() / 2;
-    EXPECT_TRUE(Is_Lit(image.pixel(50, row)));
-    EXPECT_TRUE(Is_Lit(image.pixel(95, row)));
-    EXPECT_FALSE(Is_Lit(image.pixel(105, row)));
-    EXPECT_FALSE(Is_Lit(image.pixel(250, row)));
-
+    for (const auto& [x, lit] : {std::pair{50, true}, {95, true}, {105, false}, {250, false}})
+        EXPECT_EQ(Is_Lit(image.pixel(x, row)), lit) << x;
     track.Set_Fill(0);
-    EXPECT_EQ(Lit_Pixels(track.grab().toImage()), 0);
+    EXPECT_EQ(Pixels(track.grab().toImage(), Is_Lit), 0);
 }
 
 } // namespace
