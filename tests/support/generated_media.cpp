@@ -4,49 +4,71 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
-#include <memory>
+#include <QFileInfo>
+#include <functional>
 
 namespace Orvane::Test {
 
 namespace {
 
-void Check(bool made, const QString& what, const QString& error)
+// Every test runs in a process of its own, so the files are made once per
+// build folder and shared: each is written under a name of its own and then
+// renamed into place, so two processes making it at once cannot clash.
+QString Media_Folder()
 {
-    if (!made)
-        ADD_FAILURE() << "could not generate " << what.toStdString() << ": " << error.toStdString();
+    const QByteArray chosen = qgetenv("ORVANE_TEST_MEDIA_DIR");
+    return chosen.isEmpty() ? QStringLiteral(ORVANE_TEST_MEDIA_DIR) : QString::fromLocal8Bit(chosen);
 }
 
-Generated_Media Generate(const QTemporaryDir& dir)
+QString Made(const QDir& folder, const QString& name, const std::function<bool(const QString&, QString*)>& make)
+{
+    const QString path = folder.filePath(name);
+    if (QFileInfo(path).size() > 0)
+        return path;
+    const QString part = path + QStringLiteral(".part-%1").arg(QCoreApplication::applicationPid());
+    QString error;
+    if (!make(part, &error)) {
+        QFile::remove(part);
+        ADD_FAILURE() << "could not generate " << path.toStdString() << ": " << error.toStdString();
+        return path;
+    }
+    if (!QFile::rename(part, path))
+        QFile::remove(part);  // another process put it there first
+    return path;
+}
+
+Generated_Media Generate(const QDir& dir)
 {
     namespace G = Media_Generator;
     Generated_Media media;
-    QString error;
-    media.Avi_Three_Streams = dir.filePath(QStringLiteral("three streams.avi"));
-    Check(G::Avi(media.Avi_Three_Streams, 4.0, {440, 660, 880}, 320, 240, &error), media.Avi_Three_Streams, error);
-    media.Avi_One_Stream = dir.filePath(QStringLiteral("one stream.avi"));
-    Check(G::Avi(media.Avi_One_Stream, 3.0, {440}, 320, 240, &error), media.Avi_One_Stream, error);
-    media.Vcd_Dat = dir.filePath(QStringLiteral("AVSEQ01.DAT"));
-    Check(G::Mpeg1_System(media.Vcd_Dat, 3.0, 550, &error), media.Vcd_Dat, error);
-    media.Wav = dir.filePath(QStringLiteral("tone.wav"));
-    Check(G::Wav(media.Wav, 3.0, 1000, &error), media.Wav, error);
-    media.Mp3 = dir.filePath(QStringLiteral("tone.mp3"));
-    Check(G::Mp3(media.Mp3, 3.0, 770, &error), media.Mp3, error);
-    media.Mp2 = dir.filePath(QStringLiteral("tone.mp2"));
-    Check(G::Mp2(media.Mp2, 3.0, 330, &error), media.Mp2, error);
-    media.Associated_Wav = dir.filePath(QStringLiteral("english.wav"));
-    Check(G::Wav(media.Associated_Wav, 4.0, 1320, &error), media.Associated_Wav, error);
-
-    media.Not_Media = dir.filePath(QStringLiteral("not media.avi"));
-    QFile text(media.Not_Media);
-    if (text.open(QIODevice::WriteOnly))
-        text.write("This is a letter, not a film.\r\n");
-    media.Truncated_Avi = dir.filePath(QStringLiteral("truncated.avi"));
-    QFile whole(media.Avi_Three_Streams);
-    QFile cut(media.Truncated_Avi);
-    if (whole.open(QIODevice::ReadOnly) && cut.open(QIODevice::WriteOnly))
-        cut.write(whole.read(3000));
+    media.Avi_Three_Streams = Made(dir, QStringLiteral("three streams.avi"), [](const QString& p, QString* e) {
+        return G::Avi(p, 4.0, {440, 660, 880}, 320, 240, e);
+    });
+    media.Avi_One_Stream = Made(dir, QStringLiteral("one stream.avi"), [](const QString& p, QString* e) {
+        return G::Avi(p, 3.0, {440}, 320, 240, e);
+    });
+    media.Vcd_Dat = Made(dir, QStringLiteral("AVSEQ01.DAT"), [](const QString& p, QString* e) {
+        return G::Mpeg1_System(p, 3.0, 550, e);
+    });
+    media.Wav = Made(dir, QStringLiteral("tone.wav"), [](const QString& p, QString* e) { return G::Wav(p, 3.0, 1000, e); });
+    media.Mp3 = Made(dir, QStringLiteral("tone.mp3"), [](const QString& p, QString* e) { return G::Mp3(p, 3.0, 770, e); });
+    media.Mp2 = Made(dir, QStringLiteral("tone.mp2"), [](const QString& p, QString* e) { return G::Mp2(p, 3.0, 330, e); });
+    media.Associated_Wav = Made(dir, QStringLiteral("english.wav"), [](const QString& p, QString* e) {
+        return G::Wav(p, 4.0, 1320, e);
+    });
+    media.Not_Media = Made(dir, QStringLiteral("not media.avi"), [](const QString& p, QString*) {
+        QFile text(p);
+        return text.open(QIODevice::WriteOnly) && text.write("This is a letter, not a film.\r\n") > 0;
+    });
+    const QString whole_avi = media.Avi_Three_Streams;
+    media.Truncated_Avi = Made(dir, QStringLiteral("truncated.avi"), [whole_avi](const QString& p, QString*) {
+        QFile whole(whole_avi);
+        QFile cut(p);
+        return whole.open(QIODevice::ReadOnly) && cut.open(QIODevice::WriteOnly) && cut.write(whole.read(3000)) > 0;
+    });
     return media;
 }
 
@@ -54,12 +76,11 @@ Generated_Media Generate(const QTemporaryDir& dir)
 
 const Generated_Media& Media()
 {
-    static std::unique_ptr<QTemporaryDir> dir;
-    static Generated_Media media;
-    if (!dir) {
-        dir = std::make_unique<QTemporaryDir>();
-        media = Generate(*dir);
-    }
+    static const Generated_Media media = [] {
+        QDir folder(Media_Folder());
+        folder.mkpath(QStringLiteral("."));
+        return Generate(folder);
+    }();
     return media;
 }
 

@@ -4,8 +4,8 @@
 
 namespace Orvane::Test {
 
-// Media files generated once per test program (in a temporary folder that
-// lives until the program ends) and shared by its tests.
+// Media files generated once per build folder (test-media-v1, or the folder
+// named by ORVANE_TEST_MEDIA_DIR) and shared by every test.
 struct Generated_Media {
     QString Avi_Three_Streams;  // 320x240 MPEG-4, 4 s, MP3 tones 440, 660, 880 Hz
     QString Avi_One_Stream;     // 320x240 MPEG-4, 3 s, MP3 tone 440 Hz
