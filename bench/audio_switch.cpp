@@ -17,6 +17,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <functional>
 #include <mutex>
 #include <vector>
@@ -174,6 +175,7 @@ struct Switch {
     const char* name;
     int from;
     int to;
+    bool reopened = false;  // the graph is opened again, with a seek back to the saved position
 };
 
 } // namespace
@@ -186,8 +188,8 @@ int main(int argc, char** argv)
     const QString film = folder.filePath(QStringLiteral("three streams.avi"));
     const QString english = folder.filePath(QStringLiteral("english.wav"));
     QString error;
-    if (!Media_Generator::Avi(film, 8.0, {440, 660, 880}, 320, 240, &error)
-        || !Media_Generator::Wav(english, 8.0, 1320, &error)) {
+    if (!Media_Generator::Avi(film, 10.0, {440, 660, 880}, 320, 240, &error)
+        || !Media_Generator::Wav(english, 10.0, 1320, &error)) {
         std::fprintf(stderr, "could not generate the media: %s\n", qPrintable(error));
         return 1;
     }
@@ -199,8 +201,19 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "cannot open: %s\n", qPrintable(graph.Last_Error()));
         return 1;
     }
-    Recorder recorder(graph.Pipeline());
-    if (!recorder.Ready()) {
+    // What was heard and seen, kept across a rebuild of the graph (all times
+    // are on the system's monotonic clock, which every pipeline uses).
+    std::vector<Timed> sound;
+    std::vector<Timed> pictures;
+    auto recorder = std::make_unique<Recorder>(graph.Pipeline());
+    const auto harvest = [&] {
+        const std::vector<Timed> heard = recorder->Sound();
+        const std::vector<Timed> seen = recorder->Pictures();
+        sound.insert(sound.end(), heard.begin(), heard.end());
+        pictures.insert(pictures.end(), seen.begin(), seen.end());
+        recorder.reset();
+    };
+    if (!recorder->Ready()) {
         std::fprintf(stderr, "the probe sinks are missing\n");
         return 1;
     }
@@ -228,36 +241,56 @@ int main(int argc, char** argv)
             graph.Connect_Audio_Stream(stream);
             graph.Run();
         });
-    bool rendered = false;
-    timed([&] {
+    bool rendered = true;
+    const auto to_associated = [&](int stream) {
         graph.Save_Position();
-        graph.Disconnect_Audio_Stream(3);
-        rendered = graph.Render_Associated_Audio(english);
+        graph.Disconnect_Audio_Stream(stream);
+        rendered = graph.Render_Associated_Audio(english) && rendered;
         graph.Restore_Position();
         graph.Run();
-    });
-    if (!rendered) {
-        std::fprintf(stderr, "cannot render the associated file: %s\n", qPrintable(graph.Last_Error()));
-        return 1;
-    }
-    // Back to a stream of the file, in place (the selector keeps every stream).
+    };
+    timed([&] { to_associated(3); });
+    // Back to a stream of the file in place: the selector keeps every stream.
     timed([&graph] {
         graph.Stop();
         graph.Disconnect_Audio_Streams(true, 3);
         graph.Connect_Audio_Stream(1);
         graph.Run();
     });
+    timed([&] { to_associated(1); });
+    // Back to a stream as the player's audio menu does it: the graph is
+    // opened again without the associated file.
+    bool reopened = false;
+    timed([&] {
+        graph.Save_Position();
+        graph.Stop();
+        harvest();
+        reopened = graph.Open_Graph(film);
+        if (!reopened)
+            return;
+        recorder = std::make_unique<Recorder>(graph.Pipeline());
+        graph.Record_Audio_Pins(true, 3);
+        graph.Disconnect_Audio_Streams(true, 3);
+        graph.Restore_Position();
+        graph.Connect_Audio_Stream(2);
+        graph.Run();
+    });
+    if (!rendered || !reopened) {
+        std::fprintf(stderr, "a switch failed: %s\n", qPrintable(graph.Last_Error()));
+        return 1;
+    }
     graph.Stop();
-
-    const std::vector<Timed> sound = recorder.Sound();
-    const std::vector<Timed> pictures = recorder.Pictures();
+    harvest();
     graph.Close_Graph();
 
     const std::vector<Switch> switches = {{"stream 1 -> 2", 440, 660},
                                           {"stream 2 -> 3", 660, 880},
                                           {"stream 3 -> associated", 880, 1320},
-                                          {"associated -> stream 1", 1320, 440}};
+                                          {"associated -> stream 1", 1320, 440},
+                                          {"stream 1 -> associated", 440, 1320},
+                                          {"associated -> 2, reopened", 1320, 660, true}};
     double gap_max = 0.0;
+    double reopened_gap_max = 0.0;
     double offset_max = 0.0;
     size_t from = 0;
     for (size_t index = 0; index < switches.size(); ++index) {
@@ -298,10 +331,15 @@ int main(int argc, char** argv)
         }
         std::printf("%-24s gap %6.1f ms   offset %6.1f ms   calls %6.1f ms\n", change.name, gap_ms, offset_ms,
                     call_ms[index]);
-        gap_max = std::max(gap_max, gap_ms);
+        double& worst = change.reopened ? reopened_gap_max : gap_max;
+        worst = std::max(worst, gap_ms);
         offset_max = std::max(offset_max, offset_ms);
         from = first_new;
     }
+    // Opening the graph again costs the open and, after the seek back, the
+    // MP3 decoder's silent first frames (about 150 ms): shown apart, the
+    // switches in place are the engine's own.
+    std::printf("reopened_gap_ms: %.1f\n", reopened_gap_max);
     std::printf("gap_ms_max: %.1f\n", gap_max);
     std::printf("offset_ms_max: %.1f\n", offset_max);
     return 0;
