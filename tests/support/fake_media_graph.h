@@ -2,105 +2,80 @@
 
 #include "media/media_graph.h"
 
-#include <QString>
+#include <QRegularExpression>
 #include <QStringList>
+#include <QVariant>
 
 namespace Orvane::Test {
 
-// The calls of one or more fakes in the order they were made, so a test can
-// check the order of operations across the graph, the window and the rest.
-// A call is written as its name with its arguments: "Set_Volume(-1500)".
+// The calls of the fakes in the order they were made, each written as its
+// name with its arguments ("Set_Volume(-1500)"), so a test can check the
+// order of operations across the graph and the windows around it.
 struct Call_Journal {
     QStringList calls;
 
     template <typename... Args>
     void Add(const char* name, const Args&... args)
     {
-        QStringList texts;
-        (texts.append(Text(args)), ...);
-        calls.append(sizeof...(Args) ? QStringLiteral("%1(%2)").arg(QLatin1String(name), texts.join(u','))
-                                     : QString::fromLatin1(name));
+        const QStringList texts{QVariant(args).toString()...};
+        calls.append(texts.isEmpty() ? QString(name) : QStringLiteral("%1(%2)").arg(name, texts.join(u',')));
     }
     // The calls that begin with one of the prefixes, in order.
-    QStringList Only(const QStringList& prefixes) const;
-    bool Has(const QString& call) const { return calls.contains(call); }
-    // Both calls were made, the first one earlier.
-    bool Comes_Before(const QString& first, const QString& second) const;
+    QStringList Only(const QStringList& prefixes) const
+    {
+        return calls.filter(QRegularExpression(QStringLiteral("^(%1)").arg(prefixes.join(u'|'))));
+    }
     void Clear() { calls.clear(); }
-
-private:
-    static QString Text(const QString& value) { return value; }
-    static QString Text(const char* value) { return QString::fromUtf8(value); }
-    static QString Text(bool value) { return value ? QStringLiteral("true") : QStringLiteral("false"); }
-    static QString Text(int value) { return QString::number(value); }
-    static QString Text(double value) { return QString::number(value); }
 };
 
 // A pipeline that plays nothing: it journals every call and keeps the
-// position, duration and saved position a test gives it.
+// position and duration a test gives it. Its picture is 320x240.
 class Fake_Media_Graph : public Media_Graph {
 public:
-    explicit Fake_Media_Graph(Call_Journal* journal = nullptr) : journal_(journal ? journal : &own_journal_) {}
-
-    // The next opens fail with this message (empty: they succeed).
-    void Fail_Opens_With(const QString& message) { failure_ = message; }
-    void Fail_Associated_Renders(bool fail) { fail_associated_ = fail; }
-    void Set_Media(double duration, QSize video_size = {}) { duration_ = duration; video_size_ = video_size; }
-    // Where playback stands now, as the engine would report it.
-    void Move_To(double seconds) { position_ = seconds; }
-    void Emit_Error(const QString& message) { emit Error_Occurred(pipeline_id_, message); }
-    void Emit_Error_Of(int pipeline_id, const QString& message) { emit Error_Occurred(pipeline_id, message); }
-
-    bool Is_Running() const { return running_; }
-    int Volume() const { return volume_; }
-    int Opens() const { return opens_; }
-    QString Opened_Path() const { return opened_path_; }
-
-    bool Open_Graph(const QString& path) override;
-    void Close_Graph() override { Add("Close_Graph"); open_ = false; running_ = false; }
-    bool Is_Open() const override { return open_; }
-    int Pipeline_Id() const override { return pipeline_id_; }
-    QString Last_Error() const override { return last_error_; }
-    void Run() override { Add("Run"); running_ = open_; }
-    void Pause() override { Add("Pause"); running_ = false; }
-    void Stop() override { Add("Stop"); running_ = false; }
-    double Current_Position() const override { return position_; }
-    void Set_Current_Position(double seconds) override { Add("Set_Current_Position", seconds); position_ = seconds; }
-    double Duration() const override { return open_ ? duration_ : 0.0; }
-    QSize Video_Size() const override { return open_ ? video_size_ : QSize(); }
-    void Set_Volume(int hundredths) override { Add("Set_Volume", hundredths); volume_ = hundredths; }
-    void Show_Cursor() override { Add("Show_Cursor"); }
-    void Record_Audio_Pins(bool has_video, int streams) override { Add("Record_Audio_Pins", has_video, streams); }
-    // Like the engine's, it stops the graph first.
-    void Disconnect_Audio_Stream(int stream) override { Add("Disconnect_Audio_Stream", stream); running_ = false; }
-    void Disconnect_Audio_Streams(bool has_video, int streams) override
+    explicit Fake_Media_Graph(Call_Journal& journal) : journal(journal) {}
+    bool Open_Graph(const QString& path) override
     {
-        Add("Disconnect_Audio_Streams", has_video, streams);
+        journal.Add("Open_Graph", path);
+        last_error = open_failure;
+        open = open_failure.isEmpty();
+        running = false;
+        pipeline_id += open;
+        opened_path = open ? path : opened_path;
+        position = 0.0;
+        return open;
     }
-    void Connect_Audio_Stream(int stream) override { Add("Connect_Audio_Stream", stream); }
-    bool Render_Associated_Audio(const QString& path) override;
-    void Save_Position() override { Add("Save_Position"); saved_position_ = position_; }
-    void Restore_Position() override { Add("Restore_Position"); position_ = saved_position_; }
+    void Close_Graph() override { journal.Add("Close_Graph"); open = running = false; }
+    bool Is_Open() const override { return open; }
+    int Pipeline_Id() const override { return pipeline_id; }
+    QString Last_Error() const override { return last_error; }
+    void Run() override { journal.Add("Run"); running = open; }
+    void Pause() override { journal.Add("Pause"); running = false; }
+    void Stop() override { journal.Add("Stop"); running = false; }
+    double Current_Position() const override { return position; }
+    void Set_Current_Position(double to) override { journal.Add("Set_Current_Position", to); position = to; }
+    double Duration() const override { return open ? duration : 0.0; }
+    QSize Video_Size() const override { return open ? QSize(320, 240) : QSize(); }
+    void Set_Volume(int hundredths) override { journal.Add("Set_Volume", hundredths); }
+    void Show_Cursor() override { journal.Add("Show_Cursor"); }
+    void Record_Audio_Pins(bool video, int streams) override { journal.Add("Record_Audio_Pins", video, streams); }
+    // Like the engine's, it stops the graph first.
+    void Disconnect_Audio_Stream(int k) override { journal.Add("Disconnect_Audio_Stream", k); running = false; }
+    void Disconnect_Audio_Streams(bool video, int n) override { journal.Add("Disconnect_Audio_Streams", video, n); }
+    void Connect_Audio_Stream(int stream) override { journal.Add("Connect_Audio_Stream", stream); }
+    bool Render_Associated_Audio(const QString& path) override
+    {
+        journal.Add("Render_Associated_Audio", path);
+        last_error = associated_fails ? QStringLiteral("cannot render ") + path : QString();
+        return !associated_fails;
+    }
+    void Save_Position() override { journal.Add("Save_Position"); saved_position = position; }
+    void Restore_Position() override { journal.Add("Restore_Position"); position = saved_position; }
 
-private:
-    template <typename... Args>
-    void Add(const char* name, const Args&... args) { journal_->Add(name, args...); }
-
-    Call_Journal own_journal_;
-    Call_Journal* journal_;
-    QString failure_;
-    QString last_error_;
-    bool fail_associated_ = false;
-    bool open_ = false;
-    bool running_ = false;
-    int pipeline_id_ = 0;
-    int opens_ = 0;
-    QString opened_path_;
-    double duration_ = 0.0;
-    QSize video_size_;
-    double position_ = 0.0;
-    double saved_position_ = 0.0;
-    int volume_ = 0;
+    Call_Journal& journal;
+    QString open_failure, opened_path, last_error;  // opens fail with open_failure when it is set
+    bool associated_fails = false, open = false, running = false;
+    int pipeline_id = 0;
+    double duration = 60.0, position = 0.0, saved_position = 0.0;
 };
 
 } // namespace Orvane::Test
