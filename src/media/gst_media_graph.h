@@ -15,9 +15,9 @@ class Bus_Watch;
 class Playback_Pipeline;
 
 // The one pipeline of the open media on GStreamer (see Playback_Pipeline for
-// its shape). The audio heard is the active pad of an input-selector: the
-// design's disconnecting and reconnecting of splitter outputs selects pads,
-// and "no stream connected" mutes the output. Bus messages arrive on the GUI
+// its shape). The audio heard is the active pad of an input-selector:
+// disconnecting and connecting a splitter's audio output selects pads, and
+// "no stream connected" mutes the output. Bus messages arrive on the GUI
 // thread; signals are emitted from the event loop, never from inside a call.
 class Gst_Media_Graph : public Media_Graph {
     Q_OBJECT

@@ -14,56 +14,56 @@ namespace {
 
 using namespace std::chrono_literals;
 namespace Support = Orvane::Test;
-using Support::Audio_Probe;
 
-const std::vector<int> Tones = {440, 660, 880, 1320};
+const std::vector<int> Tones = {440, 660, 880, 1320, 330, 550, 770, 1000};
 
 class Audio_Choice : public testing::Test {
 protected:
     Support::Audio_Output_Override output_{Support::Probe_Output};
     Gst_Media_Graph graph_;
+    std::unique_ptr<Support::Audio_Probe> probe_;
+    std::vector<Support::Audio_Chunk> chunks_;  // of the last Heard_Tone
 
     void Open(const QString& path)
     {
         ASSERT_TRUE(graph_.Open_Graph(path)) << graph_.Last_Error().toStdString();
-        probe_ = std::make_unique<Audio_Probe>(graph_.Pipeline());
+        probe_ = std::make_unique<Support::Audio_Probe>(graph_.Pipeline());
         ASSERT_TRUE(probe_->Found());
     }
-    // Plays and returns the tone heard, skipping the first chunks that may
-    // still hold what the output had prerolled before the switch.
-    int Heard_Tone(std::vector<Support::Audio_Chunk>* chunks_out = nullptr)
+    // Plays a moment and returns the one tone heard: the strongest, provided
+    // every other is 30 dB weaker (0 for a mix). The first chunks may still
+    // hold what the output had prerolled before a switch.
+    int Heard_Tone()
     {
         probe_->Drain();
         graph_.Run();
-        std::vector<Support::Audio_Chunk> chunks = probe_->Record(400ms);
+        chunks_ = probe_->Record(400ms);
         graph_.Stop();
-        const std::vector<float> samples = Support::Joined(chunks, 3);
-        if (chunks_out)
-            *chunks_out = std::move(chunks);
-        return Only_Tone(samples);
-    }
-    // The strongest candidate tone, provided every other one is at least
-    // 30 dB weaker (0 otherwise): one source heard, not a mix.
-    int Only_Tone(const std::vector<float>& samples)
-    {
+        const std::vector<float> samples = Support::Joined(chunks_, 3);
         const int dominant = Support::Dominant_Tone(samples, Tones);
-        const double power = Support::Tone_Power(samples, dominant);
         for (int tone : Tones)
-            if (tone != dominant && Support::Tone_Power(samples, tone) > power / 1000.0)
+            if (tone != dominant && Support::Tone_Power(samples, tone) > Support::Tone_Power(samples, dominant) / 1000)
                 return 0;
         return dominant;
     }
-
-    std::unique_ptr<Audio_Probe> probe_;
+    // Each buffer heard is the part of its file that belongs with the picture
+    // at that instant: media time minus running time is the seek target.
+    void Expect_Aligned_On(double seek_target)
+    {
+        ASSERT_GT(chunks_.size(), 3u);
+        for (size_t i = 3; i < chunks_.size(); ++i)
+            EXPECT_NEAR(chunks_[i].Stream_Time - chunks_[i].Running_Time, seek_target, 0.04) << "buffer " << i;
+    }
 };
 
-TEST_F(Audio_Choice, EachRecordedStreamIsHeardAloneAfterTheDesignsSwitchSequence)
+TEST_F(Audio_Choice, EachRecordedStreamIsHeardAloneAfterTheSwitchSequence)
 {
     Open(Support::Media().Avi_Three_Streams);
+    EXPECT_EQ(graph_.Heard_Stream(), 1) << "the first stream is heard until one is chosen";
+    EXPECT_EQ(Heard_Tone(), 440);
     graph_.Record_Audio_Pins(true, 3);
     EXPECT_EQ(graph_.Recorded_Streams(), (std::vector<int>{1, 2, 3}));
     EXPECT_TRUE(graph_.Find_Splitter());
-
     for (int stream : {2, 3, 1}) {
         graph_.Disconnect_Audio_Streams(true, 3);
         graph_.Connect_Audio_Stream(stream);
@@ -71,31 +71,20 @@ TEST_F(Audio_Choice, EachRecordedStreamIsHeardAloneAfterTheDesignsSwitchSequence
         EXPECT_EQ(Heard_Tone(), Tones[stream - 1]) << "stream " << stream;
     }
 }
-TEST_F(Audio_Choice, TheFirstStreamIsHeardUntilTheSessionChooses)
-{
-    Open(Support::Media().Avi_Three_Streams);
-    EXPECT_EQ(graph_.Heard_Stream(), 1);
-    EXPECT_EQ(Heard_Tone(), 440);
-}
 
-TEST_F(Audio_Choice, DisconnectingEveryStreamSilencesTheOutputUntilOneIsConnected)
+TEST_F(Audio_Choice, WithEveryStreamDisconnectedNothingIsHeard)
 {
     Open(Support::Media().Avi_Three_Streams);
     graph_.Record_Audio_Pins(true, 3);
     graph_.Disconnect_Audio_Streams(true, 3);
     EXPECT_EQ(graph_.Heard_Stream(), -1);
-    probe_->Drain();
-    graph_.Run();
-    const std::vector<float> silent = Support::Joined(probe_->Record(300ms), 3);
-    graph_.Stop();
+    Heard_Tone();
+    const std::vector<float> silent = Support::Joined(chunks_, 3);
     ASSERT_FALSE(silent.empty());
     EXPECT_LT(Support::Rms(silent), 1e-4);
-
-    graph_.Connect_Audio_Stream(3);
-    EXPECT_EQ(Heard_Tone(), 880);
 }
 
-TEST_F(Audio_Choice, AStreamSwitchKeepsThePositionWhereTheGraphStopped)
+TEST_F(Audio_Choice, AStreamSwitchGoesOnFromWhereTheGraphStopped)
 {
     Open(Support::Media().Avi_Three_Streams);
     graph_.Record_Audio_Pins(true, 3);
@@ -104,104 +93,62 @@ TEST_F(Audio_Choice, AStreamSwitchKeepsThePositionWhereTheGraphStopped)
     const double stopped_at = graph_.Current_Position();
     graph_.Connect_Audio_Stream(2);
     EXPECT_NEAR(graph_.Current_Position(), stopped_at, 0.01);
-
-    std::vector<Support::Audio_Chunk> chunks;
-    EXPECT_EQ(Heard_Tone(&chunks), 660);
-    ASSERT_FALSE(chunks.empty());
-    // The sound goes on from where the picture stopped, not from the start.
-    EXPECT_NEAR(chunks.front().Stream_Time, stopped_at, 0.1);
+    EXPECT_EQ(Heard_Tone(), 660);
+    EXPECT_NEAR(chunks_.front().Stream_Time, stopped_at, 0.1);
 }
 
-TEST_F(Audio_Choice, AnAssociatedFileReplacesTheSoundAndFollowsThePictureAfterASeek)
+TEST_F(Audio_Choice, AnAssociatedFileReplacesTheSoundAlignedWithThePictureBeforeAndAfterASeek)
 {
     Open(Support::Media().Avi_Three_Streams);
     graph_.Record_Audio_Pins(true, 3);
     graph_.Set_Current_Position(1.0);
     graph_.Save_Position();
     graph_.Disconnect_Audio_Streams(true, 3);
-    ASSERT_TRUE(graph_.Render_Associated_Audio(Support::Media().Associated_Wav))
-        << graph_.Last_Error().toStdString();
-    graph_.Restore_Position();
-    EXPECT_EQ(graph_.Heard_Stream(), -1);
-
-    std::vector<Support::Audio_Chunk> chunks;
-    EXPECT_EQ(Heard_Tone(&chunks), 1320);
-    ASSERT_GT(chunks.size(), 3u);
-    // Every buffer heard is the part of the file that belongs to the same
-    // instant of the picture: media time - running time is the seek target.
-    for (size_t i = 3; i < chunks.size(); ++i)
-        EXPECT_NEAR(chunks[i].Stream_Time - chunks[i].Running_Time, 1.0, 0.04) << "buffer " << i;
+    // Rendered at 1 s, it starts there by itself (no seek restores it).
+    ASSERT_TRUE(graph_.Render_Associated_Audio(Support::Media().Associated_Wav)) << graph_.Last_Error().toStdString();
+    EXPECT_NEAR(graph_.Current_Position(), 1.0, 0.05);
+    EXPECT_EQ(Heard_Tone(), 1320);
+    Expect_Aligned_On(1.0);
 
     graph_.Set_Current_Position(2.5);
-    chunks.clear();
-    EXPECT_EQ(Heard_Tone(&chunks), 1320);
-    ASSERT_GT(chunks.size(), 3u);
-    EXPECT_NEAR(chunks.front().Stream_Time, 2.5, 0.05);
-    for (size_t i = 3; i < chunks.size(); ++i)
-        EXPECT_NEAR(chunks[i].Stream_Time - chunks[i].Running_Time, 2.5, 0.04) << "buffer " << i;
-    EXPECT_NEAR(graph_.Current_Position(), chunks.back().Stream_Time, 0.1);
-}
-
-TEST_F(Audio_Choice, AnAssociatedFileRenderedWhilePausedStartsWhereThePictureIs)
-{
-    Open(Support::Media().Avi_Three_Streams);
-    graph_.Set_Current_Position(2.0);
-    ASSERT_TRUE(graph_.Render_Associated_Audio(Support::Media().Associated_Wav));
-    EXPECT_NEAR(graph_.Current_Position(), 2.0, 0.05);
-    std::vector<Support::Audio_Chunk> chunks;
-    EXPECT_EQ(Heard_Tone(&chunks), 1320);
-    ASSERT_GT(chunks.size(), 3u);
-    for (size_t i = 3; i < chunks.size(); ++i)
-        EXPECT_NEAR(chunks[i].Stream_Time - chunks[i].Running_Time, 2.0, 0.04) << "buffer " << i;
-}
-
-TEST_F(Audio_Choice, AStreamCanBeChosenAgainOverAnAssociatedFileWithoutReopening)
-{
-    Open(Support::Media().Avi_Three_Streams);
-    graph_.Record_Audio_Pins(true, 3);
-    graph_.Disconnect_Audio_Streams(true, 3);
-    ASSERT_TRUE(graph_.Render_Associated_Audio(Support::Media().Associated_Wav));
     EXPECT_EQ(Heard_Tone(), 1320);
+    EXPECT_NEAR(chunks_.front().Stream_Time, 2.5, 0.05);
+    Expect_Aligned_On(2.5);
+    EXPECT_NEAR(graph_.Current_Position(), chunks_.back().Stream_Time, 0.1);
+
+    // A stream of the file can be chosen again without reopening.
     graph_.Disconnect_Audio_Streams(true, 3);
     graph_.Connect_Audio_Stream(2);
     EXPECT_EQ(Heard_Tone(), 660);
 }
 
-TEST_F(Audio_Choice, AnAssociatedFileThatHoldsNoSoundIsRefusedAndTheFileKeepsPlaying)
+TEST_F(Audio_Choice, AnAssociatedFileWithoutSoundIsRefusedAndTheFileKeepsPlaying)
 {
     Open(Support::Media().Avi_Three_Streams);
-    graph_.Record_Audio_Pins(true, 3);
+    QSignalSpy errors(&graph_, &Media_Graph::Error_Occurred);
     EXPECT_FALSE(graph_.Render_Associated_Audio(Support::Media().Not_Media));
     EXPECT_FALSE(graph_.Last_Error().isEmpty());
     EXPECT_FALSE(graph_.Render_Associated_Audio(QStringLiteral("/no/such/file.wav")));
-    QSignalSpy errors(&graph_, &Media_Graph::Error_Occurred);
     EXPECT_EQ(Heard_Tone(), 440);
     QTest::qWait(50);
     EXPECT_EQ(errors.count(), 0) << "the refused file's own error reached the session";
-    EXPECT_TRUE(graph_.Is_Open());
 }
 
-TEST_F(Audio_Choice, AnAudioOnlyFileNumbersItsStreamFromZero)
+TEST_F(Audio_Choice, StreamsAreNumberedFromZeroWithoutAPictureAndTheVcdAudioIsStreamOne)
 {
     Open(Support::Media().Mp3);
+    EXPECT_FALSE(graph_.Find_Splitter());
     graph_.Record_Audio_Pins(false, 1);
     EXPECT_EQ(graph_.Recorded_Streams(), (std::vector<int>{0}));
-    EXPECT_FALSE(graph_.Find_Splitter());
     graph_.Disconnect_Audio_Streams(false, 1);
     graph_.Connect_Audio_Stream(0);
-    probe_->Drain();
-    graph_.Run();
-    const std::vector<float> samples = Support::Joined(probe_->Record(300ms), 3);
-    graph_.Stop();
-    EXPECT_EQ(Support::Dominant_Tone(samples, {330, 550, 770, 1000}), 770);
-}
+    EXPECT_EQ(Heard_Tone(), 770);
 
-TEST_F(Audio_Choice, TheVcdSplitterGivesItsOneAudioStreamNumberOne)
-{
     Open(Support::Media().Vcd_Dat);
     EXPECT_TRUE(graph_.Find_Splitter());
     graph_.Record_Audio_Pins(true, 1);
     EXPECT_EQ(graph_.Recorded_Streams(), (std::vector<int>{1}));
+    EXPECT_EQ(Heard_Tone(), 550);
 }
 
 } // namespace

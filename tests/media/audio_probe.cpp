@@ -4,66 +4,53 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 namespace Orvane::Test {
 
-Audio_Output_Override::Audio_Output_Override(const char* description)
-    : previous_(qgetenv("ORVANE_AUDIO_SINK"))
-{
-    qputenv("ORVANE_AUDIO_SINK", description);
-}
-
-Audio_Output_Override::~Audio_Output_Override()
-{
-    qputenv("ORVANE_AUDIO_SINK", previous_);
-}
+namespace {
+constexpr int Rate = 44100;
+double Seconds(GstClockTime time) { return double(time) / double(GST_SECOND); }
+} // namespace
 
 Audio_Probe::Audio_Probe(GstElement* pipeline)
+    : sink_(Element_Ref::Adopt(gst_bin_get_by_name(GST_BIN(pipeline), "orvane_audio_probe")))
 {
-    if (pipeline)
-        sink_ = Element_Ref::Adopt(gst_bin_get_by_name(GST_BIN(pipeline), "orvane_audio_probe"));
 }
 
 std::vector<Audio_Chunk> Audio_Probe::Record(std::chrono::milliseconds length)
 {
     std::vector<Audio_Chunk> chunks;
-    if (!sink_)
-        return chunks;
-    const size_t wanted = size_t(length.count()) * Probe_Rate / 1000;
     size_t received = 0;
     QElapsedTimer waited;
     waited.start();
-    while (received < wanted && waited.elapsed() < length.count() + 5000) {
+    while (sink_ && received < size_t(length.count()) * Rate / 1000 && waited.elapsed() < length.count() + 5000) {
         QCoreApplication::processEvents();
         const Sample_Ref sample =
             Sample_Ref::Adopt(gst_app_sink_try_pull_sample(GST_APP_SINK(sink_.get()), 20 * GST_MSECOND));
-        if (!sample)
-            continue;
-        GstBuffer* buffer = gst_sample_get_buffer(sample.get());
-        const GstSegment* segment = gst_sample_get_segment(sample.get());
+        GstBuffer* buffer = sample ? gst_sample_get_buffer(sample.get()) : nullptr;
         GstMapInfo map;
-        if (buffer && segment && gst_buffer_map(buffer, &map, GST_MAP_READ)) {
-            Audio_Chunk chunk;
-            const GstClockTime pts = GST_BUFFER_PTS(buffer);
-            chunk.Running_Time = double(gst_segment_to_running_time(segment, GST_FORMAT_TIME, pts)) / GST_SECOND;
-            chunk.Stream_Time = double(gst_segment_to_stream_time(segment, GST_FORMAT_TIME, pts)) / GST_SECOND;
-            chunk.Samples.resize(map.size / sizeof(float));
-            std::memcpy(chunk.Samples.data(), map.data, chunk.Samples.size() * sizeof(float));
-            received += chunk.Samples.size();
-            chunks.push_back(std::move(chunk));
-            gst_buffer_unmap(buffer, &map);
-        }
+        if (!buffer || !gst_buffer_map(buffer, &map, GST_MAP_READ))
+            continue;
+        const GstSegment* segment = gst_sample_get_segment(sample.get());
+        const GstClockTime pts = GST_BUFFER_PTS(buffer);
+        Audio_Chunk chunk{Seconds(gst_segment_to_running_time(segment, GST_FORMAT_TIME, pts)),
+                          Seconds(gst_segment_to_stream_time(segment, GST_FORMAT_TIME, pts)),
+                          std::vector<float>(map.size / sizeof(float))};
+        std::memcpy(chunk.Samples.data(), map.data, chunk.Samples.size() * sizeof(float));
+        gst_buffer_unmap(buffer, &map);
+        received += chunk.Samples.size();
+        chunks.push_back(std::move(chunk));
     }
     return chunks;
 }
 
 void Audio_Probe::Drain()
 {
-    if (!sink_)
-        return;
-    while (Sample_Ref::Adopt(gst_app_sink_try_pull_sample(GST_APP_SINK(sink_.get()), 0))) {
+    while (sink_ && Sample_Ref::Adopt(gst_app_sink_try_pull_sample(GST_APP_SINK(sink_.get()), 0))) {
     }
 }
 
@@ -75,33 +62,22 @@ std::vector<float> Joined(const std::vector<Audio_Chunk>& chunks, size_t skip_ch
     return samples;
 }
 
-double Tone_Power(const std::vector<float>& samples, double frequency, int rate)
+double Tone_Power(const std::vector<float>& samples, double frequency)
 {
-    const double coefficient = 2.0 * std::cos(2.0 * M_PI * frequency / rate);
+    const double coefficient = 2.0 * std::cos(2.0 * M_PI * frequency / Rate);
     double previous = 0.0;
-    double before_previous = 0.0;
-    for (float sample : samples) {
-        const double current = sample + coefficient * previous - before_previous;
-        before_previous = previous;
-        previous = current;
-    }
-    const double power = previous * previous + before_previous * before_previous
-        - coefficient * previous * before_previous;
+    double before = 0.0;
+    for (float sample : samples)
+        before = std::exchange(previous, sample + coefficient * previous - before);
+    const double power = previous * previous + before * before - coefficient * previous * before;
     return samples.empty() ? 0.0 : power / double(samples.size());
 }
 
 int Dominant_Tone(const std::vector<float>& samples, const std::vector<int>& candidates)
 {
-    int best = 0;
-    double best_power = -1.0;
-    for (int frequency : candidates) {
-        const double power = Tone_Power(samples, frequency);
-        if (power > best_power) {
-            best_power = power;
-            best = frequency;
-        }
-    }
-    return best;
+    return *std::max_element(candidates.begin(), candidates.end(), [&samples](int a, int b) {
+        return Tone_Power(samples, a) < Tone_Power(samples, b);
+    });
 }
 
 double Rms(const std::vector<float>& samples)
