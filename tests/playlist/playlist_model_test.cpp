@@ -1,8 +1,9 @@
-// The playlist's rules for adding, replacing, removing and associating,
-// checked on a fake analyser and recording player hooks. Every change the
-// model announces is also checked for list/record agreement by the bench.
+// The playlist's rules on a fake analyser and recording player hooks (the bench checks
+// list/record agreement after every change), then on media generated with GStreamer.
+#include "media/gst_media_analyser.h"
+#include "playlist/name_from_path.h"
 #include "playlist_test_support.h"
-
+#include "support/generated_media.h"
 #include "ui/message_box.h"
 
 #include <gtest/gtest.h>
@@ -12,438 +13,270 @@
 namespace Orvane::Test {
 namespace {
 
+const QString One = QStringLiteral("/films/one.avi"), Two = QStringLiteral("/films/two.mpg"),
+              Three = QStringLiteral("/music/three.mp3"), English = QStringLiteral("/films/english.wav"),
+              Commentary = QStringLiteral("/films/commentary.v2.wav");
+
 class Playlist_Model_Test : public ::testing::Test {
 protected:
-    void SetUp() override
+    Playlist_Model_Test()
     {
-        bench.analyser.Add_Video(QStringLiteral("/films/one.avi"), 61.4, 320, 240, 2);
-        bench.analyser.Add_Video(QStringLiteral("/films/two.mpg"), 3599.5, 352, 288, 1, QStringLiteral("MPEG"));
-        bench.analyser.Add_Audio(QStringLiteral("/music/three.mp3"), 10.0, QStringLiteral("MPEG"));
-        bench.analyser.Add_Audio(QStringLiteral("/films/english.wav"), 61.0);
-        bench.analyser.Add_Audio(QStringLiteral("/films/commentary.v2.wav"), 30.0);
+        bench.analyser.Add(One, 61.4, {320, 240}, 2);
+        bench.analyser.Add(Two, 3599.5, {352, 288}, 1, QStringLiteral("MPEG"));
+        bench.analyser.Add(Three, 10.0, {}, 1, QStringLiteral("MPEG"));
+        bench.analyser.Add(English, 61.0, {}, 1, QStringLiteral("WAV"));
+        bench.analyser.Add(Commentary, 30.0, {}, 1, QStringLiteral("WAV"));
     }
-
-    Track_Record& Mutable_Track(int k) { return const_cast<Track_Record&>(bench.model.Track(k)); }
+    void Add_All(const QStringList& paths)
+    {
+        for (const QString& path : paths)
+            Add_File(model, path, 2);
+        calls.clear();
+    }
+    // The titles; the current, selected and shown tracks; the total duration; Lst_Audio_Asso.
+    QString State() const
+    {
+        return Paths(model, &Track_Record::Title).join(u',')
+               + QStringLiteral(" current=%1 selected=%2 shown=%3 ").arg(bench.state.Current_Track)
+                     .arg(model.Selected_Track()).arg(model.Info_Track())
+               + model.Playlist_Duration_Text() + " [" + model.Audio_List()->stringList().join(u',') + "]";
+    }
 
     Message_Box_Recorder boxes;
     Playlist_Bench bench;
     Playlist_Model& model = bench.model;
+    QStringList& calls = bench.hooks.calls;
 };
 
 TEST_F(Playlist_Model_Test, FirstTrackIsOpenedNotPlayedAndLaterAddsKeepTheCurrentTrack)
 {
     QSignalSpy usable(&model, &Playlist_Model::Track_Controls_Usable_Changed);
-    Add_File(model, QStringLiteral("/films/one.avi"));
-    EXPECT_EQ(bench.state.Current_Track, 1);
+    Add_File(model, One);
     EXPECT_FALSE(bench.state.Is_Playing);
-    // Opened after the record exists and is current.
-    EXPECT_EQ(bench.hooks.calls, QStringList{QStringLiteral("Open_First_Track(/films/one.avi) current=1 count=1")});
-    ASSERT_EQ(usable.count(), 1);
-    EXPECT_TRUE(usable.at(0).at(0).toBool());
-
-    bench.state.Current_Track = 1;
-    Add_File(model, QStringLiteral("/films/two.mpg"), 1, 0);
-    Add_File(model, QStringLiteral("/music/three.mp3"), 2, 0);
-    EXPECT_EQ(bench.state.Current_Track, 1);
-    EXPECT_EQ(bench.hooks.calls.size(), 1) << bench.hooks.calls.join(u'\n').toStdString();
-    EXPECT_EQ(Titles(model), (QStringList{"one.avi", "two.mpg", "three.mp3"}));
-    // The new entry is selected and its details shown.
-    EXPECT_EQ(model.Selected_Track(), 3);
-    EXPECT_EQ(model.Info_Track(), 3);
+    EXPECT_EQ(usable.count(), 1);
+    EXPECT_TRUE(usable.value(0).value(0).toBool());
+    Add_File(model, Two, 1, 0);
+    Add_File(model, Three, 2, 0);
+    EXPECT_EQ(calls, QStringList{"Open_First_Track(/films/one.avi) current=1 count=1"}) << "once the record is current";
+    EXPECT_EQ(State(), "one.avi,two.mpg,three.mp3 current=1 selected=3 shown=3 01:01:11 []");
     EXPECT_GE(bench.step_checks, 3);
 }
 
-TEST_F(Playlist_Model_Test, RecordHoldsTheAnalysis)
+TEST_F(Playlist_Model_Test, RecordsHoldTheAnalysisAndUnrenderableFilesAreDroppedSilently)
 {
-    Media_Analysis uncounted;
-    uncounted.Media_Kind = QStringLiteral("Autre");
-    uncounted.Has_Audio = true;
-    uncounted.Audio_Streams = -2;
-    uncounted.Duration = 12.5;  // half to even: 12
-    bench.analyser.Add(QStringLiteral("/odd/file.ogg"), uncounted);
-
-    Add_File(model, QStringLiteral("/films/one.avi"));
-    Add_File(model, QStringLiteral("/music/three.mp3"), 2);
-    Add_File(model, QStringLiteral("/odd/file.ogg"), 3);
-    model.Add_Track(QStringLiteral("/films/two.mpg"), {}, true, QStringLiteral("Disc two"), 4, 1);
-
-    const Track_Record& video = model.Track(1);
-    EXPECT_EQ(video.Path, "/films/one.avi");
-    EXPECT_EQ(video.Picture_Size, "320x240");
-    EXPECT_EQ(video.Duration_Text, "00:01:01");
-    EXPECT_DOUBLE_EQ(video.Duration, 61.4);
-    EXPECT_EQ(video.Audio_Streams, 2);
-    EXPECT_TRUE(video.Has_Video && video.Has_Audio && video.Shows_Picture);
-    EXPECT_EQ(video.Kind, "AVI");
-    EXPECT_EQ(video.Associated_Count, 0);
-    EXPECT_TRUE(video.Subtitle_Path.isEmpty());
-
-    const Track_Record& sound = model.Track(2);
-    EXPECT_EQ(sound.Picture_Size, "--");
-    EXPECT_FALSE(sound.Shows_Picture);
-    EXPECT_EQ(sound.Kind, "MPEG");
-
-    EXPECT_EQ(model.Track(3).Audio_Streams, -1) << "a count of -2 is kept as -1";
-    EXPECT_EQ(model.Track(3).Duration_Text, "00:00:12");
-
-    EXPECT_TRUE(model.Track(4).Disc_Change);
-    EXPECT_EQ(model.Track(4).Title, "Disc two");
-    EXPECT_EQ(model.Track(4).Duration_Text, "01:00:00");  // 3599.5 rounds to even 3600
-
-    // 61.4 + 10 + 12.5 + 3599.5 = 3683.4
-    EXPECT_EQ(model.Playlist_Duration_Text(), "01:01:23");
-}
-
-TEST_F(Playlist_Model_Test, UnrenderableFileIsDroppedWithoutAWord)
-{
-    Add_File(model, QStringLiteral("/films/one.avi"));
-    bench.hooks.calls.clear();
-    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
-
-    Add_File(model, QStringLiteral("/films/letter.avi"), 2);
-    // Even as the first entry of a replacing add: the analysis comes first.
-    Add_File(model, QStringLiteral("/films/letter.avi"), 1, 1);
-
-    EXPECT_EQ(model.Track_Count(), 1);
-    EXPECT_EQ(inserted.count(), 0);
-    EXPECT_TRUE(boxes.Boxes().empty());
-    EXPECT_EQ(boxes.Beeps(), 0);
-    EXPECT_TRUE(bench.hooks.calls.isEmpty());
+    Add_All({One, Three, bench.analyser.Add("/odd/file.ogg", 12.5, {}, -2, "Autre"), "/films/letter.avi"});
+    Add_File(model, QStringLiteral("/films/letter.avi"), 1, 1);  // the analysis comes before replacing
+    EXPECT_TRUE(boxes.Boxes().empty() && boxes.Beeps() == 0 && calls.isEmpty());
     EXPECT_EQ(model.Last_Added_Track(), 0);
+    model.Add_Track(Two, {}, true, QStringLiteral("Disc two"), 4, 1);
+    QStringList records;
+    for (int k = 1; k <= model.Track_Count(); ++k)
+        records << Summary(model.Track(k));
+    // -2 streams are kept as -1; the seconds round half to even (12.5 -> 12, 3599.5 -> 3600).
+    EXPECT_EQ(records, (QStringList{"one.avi 320x240 00:01:01 AVI 2 VAP", "three.mp3 -- 00:00:10 MPEG 1 A",
+                                    "file.ogg -- 00:00:12 Autre -1 ", "Disc two 352x288 01:00:00 MPEG 1 VAPD"}));
+    EXPECT_DOUBLE_EQ(model.Track(1).Duration, 61.4);
+    EXPECT_EQ(model.Playlist_Duration_Text(), "01:01:23");  // 3683.4 s
 }
 
 TEST_F(Playlist_Model_Test, ShiftReplacesAndPlainAddAppends)
 {
-    Add_File(model, QStringLiteral("/films/one.avi"));
-    Add_File(model, QStringLiteral("/films/two.mpg"), 2);
+    Add_All({One, Two});
+    model.Associate_Audio(2, English, QStringLiteral("english"));
     bench.state.Current_Track = 2;
-    bench.hooks.calls.clear();
-
-    // Without Shift (mode 0) even entry 1 appends.
-    Add_File(model, QStringLiteral("/music/three.mp3"), 1, 0);
-    EXPECT_EQ(Paths(model), (QStringList{"/films/one.avi", "/films/two.mpg", "/music/three.mp3"}));
-    EXPECT_TRUE(bench.hooks.calls.isEmpty());
-
-    // With Shift: the first file of the selection replaces the list, the next ones append.
-    Add_File(model, QStringLiteral("/music/three.mp3"), 1, 1);
-    Add_File(model, QStringLiteral("/films/one.avi"), 2, 1);
-    EXPECT_EQ(Paths(model), (QStringList{"/music/three.mp3", "/films/one.avi"}));
-    EXPECT_EQ(bench.state.Current_Track, 1);
-    EXPECT_EQ(bench.hooks.calls,
-              (QStringList{
-                  "Clear_Audio_Menus(2) current=2 count=3",  // menus of the old current track, record still there
-                  "Reset_Player() current=0 count=0",
-                  "Open_First_Track(/music/three.mp3) current=1 count=1",
-              }));
+    Add_File(model, Three, 1, 0);
+    EXPECT_EQ(Paths(model), (QStringList{One, Two, Three})) << "without Shift even entry 1 appends";
+    EXPECT_TRUE(calls.isEmpty());
+    Add_File(model, Three, 1, 1);
+    Add_File(model, One, 2, 1);
+    // The old track's menus are cleared while its record is still there.
+    EXPECT_EQ(calls, (QStringList{"Clear_Audio_Menus(2) current=2 count=3",
+                                  "Reset_Player() current=0 count=0",
+                                  "Open_First_Track(/music/three.mp3) current=1 count=1"}));
+    EXPECT_EQ(State(), "three.mp3,one.avi current=1 selected=2 shown=2 00:01:11 []");
 }
 
 TEST_F(Playlist_Model_Test, RemovingShiftsRecordsAndKeepsTheCurrentMedia)
 {
-    for (const char* path : {"/films/one.avi", "/films/two.mpg", "/music/three.mp3", "/films/english.wav"})
-        Add_File(model, QString::fromLatin1(path), 2);
-    Mutable_Track(3).Subtitle_Name = QStringLiteral("third's subtitle");
+    Add_All({One, Two, Three, English});
+    const_cast<Track_Record&>(model.Track(3)).Subtitle_Name = QStringLiteral("third's subtitle");
+    model.Associate_Audio(3, English, QStringLiteral("english"));
     bench.state.Current_Track = 3;
-    bench.hooks.calls.clear();
-
+    calls.clear();
     model.Remove_Track(1);
-    EXPECT_EQ(Paths(model), (QStringList{"/films/two.mpg", "/music/three.mp3", "/films/english.wav"}));
-    EXPECT_EQ(bench.state.Current_Track, 2);
-    EXPECT_EQ(model.Track(bench.state.Current_Track).Path, "/music/three.mp3");
+    EXPECT_EQ(State(), "two.mpg,three.mp3,english.wav current=2 selected=2 shown=2 01:01:11 [english]");
     EXPECT_EQ(model.Track(2).Subtitle_Name, "third's subtitle") << "the whole record moves";
+    for (int track : {3, 0, 3})
+        model.Remove_Track(track);
+    EXPECT_EQ(State(), "two.mpg,three.mp3 current=2 selected=2 shown=2 01:00:10 [english]");
+    EXPECT_TRUE(calls.isEmpty()) << "removing other tracks leaves the player alone";
 
-    model.Remove_Track(3);  // after the current one
-    EXPECT_EQ(bench.state.Current_Track, 2);
-    EXPECT_EQ(model.Playlist_Duration_Text(), "01:00:10");
-    EXPECT_TRUE(bench.hooks.calls.isEmpty()) << "removing other tracks leaves the player alone";
-
-    model.Remove_Track(0);
-    model.Remove_Track(3);
-    EXPECT_EQ(model.Track_Count(), 2);
-}
-
-TEST_F(Playlist_Model_Test, RemovingTheCurrentTrackOpensTheOneTakingItsPlace)
-{
-    for (const char* path : {"/films/one.avi", "/films/two.mpg", "/music/three.mp3"})
-        Add_File(model, QString::fromLatin1(path), 2);
-    bench.state.Current_Track = 2;
-    bench.hooks.calls.clear();
-
-    model.Remove_Track(2);
-    EXPECT_EQ(bench.state.Current_Track, 2);
-    EXPECT_EQ(bench.hooks.calls, (QStringList{
-                                     "Clear_Audio_Menus(2) current=2 count=3",
-                                     "Reset_Player() current=0 count=2",
-                                     "Open_First_Track(/music/three.mp3) current=2 count=2",
-                                 }));
-
-    // The last track: the new last one takes over.
-    bench.hooks.calls.clear();
-    model.Remove_Track(2);
-    EXPECT_EQ(bench.state.Current_Track, 1);
-    EXPECT_EQ(bench.hooks.calls.last(), "Open_First_Track(/films/one.avi) current=1 count=1");
-
-    // The only track: nothing is current and the track controls are off.
-    QSignalSpy usable(&model, &Playlist_Model::Track_Controls_Usable_Changed);
-    bench.hooks.calls.clear();
-    model.Remove_Track(1);
-    EXPECT_EQ(bench.state.Current_Track, 0);
-    EXPECT_EQ(bench.hooks.calls.last(), "Reset_Player() current=0 count=0");
-    ASSERT_EQ(usable.count(), 1);
-    EXPECT_FALSE(usable.at(0).at(0).toBool());
-    EXPECT_EQ(model.Playlist_Duration_Text(), "00:00:00");
-    EXPECT_EQ(model.Info_Track(), 0);
-}
-
-TEST_F(Playlist_Model_Test, SelectionAndShownDetailsFollowRemoval)
-{
-    for (const char* path : {"/films/one.avi", "/films/two.mpg", "/music/three.mp3"})
-        Add_File(model, QString::fromLatin1(path), 2);
-    model.Associate_Audio(3, QStringLiteral("/films/english.wav"), QStringLiteral("english"));
-    model.Select_Track(3);
-    model.Remove_Track(1);
-    // Still the same media selected, shown under its new number.
-    EXPECT_EQ(model.Selected_Track(), 2);
-    EXPECT_EQ(model.Info_Track(), 2);
-    EXPECT_EQ(model.Track(model.Info_Track()).Path, "/music/three.mp3");
-    EXPECT_EQ(model.Audio_List()->stringList(), QStringList{"english"});
-
-    // Removing the selected entry shows the entry that takes its place.
-    model.Remove_Track(2);
-    EXPECT_EQ(model.Info_Track(), model.Selected_Track());
-    EXPECT_TRUE(model.Audio_List()->stringList().isEmpty());
+    // The current track: the one taking its place (or the new last one) is opened.
+    Add_All({One});
+    for (int track : {2, 2, 1})
+        model.Remove_Track(track);
+    EXPECT_EQ(calls, (QStringList{"Clear_Audio_Menus(2) current=2 count=3", "Reset_Player() current=0 count=2",
+                                  "Open_First_Track(/films/one.avi) current=2 count=2",
+                                  "Clear_Audio_Menus(2) current=2 count=2", "Reset_Player() current=0 count=1",
+                                  "Open_First_Track(/films/two.mpg) current=1 count=1",
+                                  "Clear_Audio_Menus(1) current=1 count=1", "Reset_Player() current=0 count=0"}));
+    EXPECT_EQ(State(), " current=0 selected=0 shown=0 00:00:00 []");
+    EXPECT_FALSE(model.Track_Controls_Usable());
 }
 
 TEST_F(Playlist_Model_Test, AssociatedAudioRules)
 {
-    Add_File(model, QStringLiteral("/films/one.avi"));
-    Add_File(model, QStringLiteral("/films/two.mpg"), 2);
-    bench.state.Current_Track = 1;
+    // From Add_Track's list the empty piece is left out and the file with a picture refused.
+    model.Add_Track(One, {English, QString(), Two}, false, QStringLiteral("One"), 1, 1);
+    Add_All({Two});
     bench.state.Audio_Choice = 0;
-    bench.hooks.calls.clear();
-
-    // A file with a picture is refused with text 1210 and changes nothing.
-    EXPECT_FALSE(model.Associate_Audio(1, QStringLiteral("/films/two.mpg"), QStringLiteral("two")));
-    ASSERT_EQ(boxes.Boxes().size(), 1u);
-    EXPECT_EQ(boxes.Last_Text(), "T1210");
-    EXPECT_EQ(boxes.Boxes()[0].style, Box_Style::Critical_Ok);
-    EXPECT_EQ(model.Track(1).Associated_Count, 0);
-    EXPECT_TRUE(model.Track(1).Associated_Audio.empty());
-    EXPECT_EQ(bench.state.Audio_Choice, 0);
-    // A file that cannot be rendered is refused without a word.
+    EXPECT_FALSE(model.Associate_Audio(1, Two, QStringLiteral("two")));
     EXPECT_FALSE(model.Associate_Audio(1, QStringLiteral("/films/missing.wav"), QStringLiteral("missing")));
-    EXPECT_EQ(boxes.Boxes().size(), 1u);
-    EXPECT_TRUE(bench.hooks.calls.isEmpty());
-
-    // To the current track: choice 0 becomes 1, the player hears about it.
-    model.Select_Track(1);
-    EXPECT_TRUE(model.Associate_Audio(1, QStringLiteral("/films/english.wav"), QStringLiteral("english")));
-    EXPECT_TRUE(model.Associate_Audio(1, QStringLiteral("/films/commentary.v2.wav"), QStringLiteral("commentary")));
-    EXPECT_EQ(bench.state.Audio_Choice, 1);
-    EXPECT_EQ(bench.hooks.calls, (QStringList{"Associated_Audio_Added(1,1) current=1 count=2",
-                                              "Associated_Audio_Added(1,2) current=1 count=2"}));
-    const Track_Record& track = model.Track(1);
-    ASSERT_EQ(track.Associated_Count, 2);
-    EXPECT_EQ(track.Associated_Audio[0].Path, "/films/english.wav");
-    EXPECT_EQ(track.Associated_Audio[0].Duration_Text, "00:01:01");
-    EXPECT_EQ(track.Associated_Audio[0].Kind, "WAV");
-    EXPECT_EQ(model.Audio_List()->stringList(), (QStringList{"english", "commentary"}));
-    EXPECT_EQ(model.Audio_Selection()->currentIndex().row(), 1) << "the new entry is selected";
-
-    // To another track: no hook, choice unchanged; Lst_Audio_Asso shows that track.
-    bench.hooks.calls.clear();
-    bench.state.Audio_Choice = 0;
-    EXPECT_TRUE(model.Associate_Audio(2, QStringLiteral("/films/english.wav"), QStringLiteral("english")));
-    EXPECT_EQ(bench.state.Audio_Choice, 0);
-    EXPECT_TRUE(bench.hooks.calls.isEmpty());
-    EXPECT_EQ(model.Info_Track(), 2);
-    EXPECT_EQ(model.Audio_List()->stringList(), QStringList{"english"});
-}
-
-TEST_F(Playlist_Model_Test, AddTrackNamesItsAssociatedAudioFromThePaths)
-{
-    model.Add_Track(QStringLiteral("/films/one.avi"),
-                    {QStringLiteral("/films/english.wav"), QString(), QStringLiteral("/films/commentary.v2.wav"),
-                     QStringLiteral("/films/two.mpg")},
-                    false, QStringLiteral("One"), 1, 1);
-    const Track_Record& track = model.Track(1);
-    // The empty piece and the file with a picture are not associated; the
-    // count says what the record holds.
-    ASSERT_EQ(track.Associated_Count, 2);
-    ASSERT_EQ(track.Associated_Audio.size(), 2u);
-    EXPECT_EQ(track.Associated_Audio[0].Name, "english");
-    EXPECT_EQ(track.Associated_Audio[1].Name, "commentary");
+    ASSERT_EQ(boxes.Boxes().size(), 2u) << "a file that cannot be rendered is refused without a word";
     EXPECT_EQ(boxes.Last_Text(), "T1210");
-    EXPECT_EQ(model.Audio_List()->stringList(), (QStringList{"english", "commentary"}));
-    // Associated while nothing was current yet: the player only opens the track.
-    EXPECT_EQ(bench.hooks.calls.filter(QStringLiteral("Associated_Audio_Added")).size(), 0);
-    EXPECT_EQ(bench.state.Current_Track, 1);
+    EXPECT_EQ(boxes.Boxes()[1].style, Box_Style::Critical_Ok);
+    EXPECT_EQ(std::pair(int(model.Track(1).Associated_Count), int(bench.state.Audio_Choice)), std::pair(1, 0));
+    EXPECT_TRUE(calls.isEmpty());
+
+    // To the current track: choice 0 becomes 1, the player hears about it, the new entry is selected.
+    model.Select_Track(1);
+    EXPECT_TRUE(model.Associate_Audio(1, Commentary, QStringLiteral("commentary")));
+    EXPECT_EQ(calls, QStringList{"Associated_Audio_Added(1,2) current=1 count=2"});
+    const Associated_Audio_Entry& added = model.Track(1).Associated_Audio[1];
+    EXPECT_EQ(QStringList({added.Path, added.Name, added.Duration_Text, added.Kind}),
+              QStringList({Commentary, "commentary", "00:00:30", "WAV"}));
+    EXPECT_EQ(State(), "One,two.mpg current=1 selected=1 shown=1 01:01:01 [english,commentary]");
+    EXPECT_EQ(std::pair(int(bench.state.Audio_Choice), model.Audio_Selection()->currentIndex().row()), std::pair(1, 1));
+    // To another track: no hook, choice unchanged; the list shows that track.
+    bench.state.Audio_Choice = 0;
+    EXPECT_TRUE(model.Associate_Audio(2, English, QStringLiteral("english")));
+    EXPECT_EQ(std::pair(int(bench.state.Audio_Choice), calls.size()), std::pair(0, qsizetype(1)));
+    EXPECT_EQ(State(), "One,two.mpg current=1 selected=2 shown=2 01:01:01 [english]");
 }
 
 TEST_F(Playlist_Model_Test, RemovingAssociatedAudioKeepsTheChoiceOnTheSameSound)
 {
-    Add_File(model, QStringLiteral("/films/one.avi"));  // two streams: choices 1, 2, then files 3, 4
-    model.Associate_Audio(1, QStringLiteral("/films/english.wav"), QStringLiteral("english"));
-    model.Associate_Audio(1, QStringLiteral("/films/commentary.v2.wav"), QStringLiteral("commentary"));
-    bench.state.Audio_Choice = 4;  // the commentary is heard
-    bench.hooks.calls.clear();
-
-    model.Audio_Selection()->setCurrentIndex(model.Audio_List()->index(0), QItemSelectionModel::ClearAndSelect);
-    model.Remove_Associated_Audio();
-    EXPECT_EQ(bench.state.Audio_Choice, 3) << "the commentary moved from 4 to 3";
-    EXPECT_EQ(bench.hooks.calls, (QStringList{"Clear_Audio_Menus(1) current=1 count=1",
-                                              "Associated_Audio_Removed(1,silent) current=1 count=1"}));
-    EXPECT_EQ(model.Track(1).Associated_Count, 1);
-    EXPECT_EQ(model.Audio_List()->stringList(), QStringList{"commentary"});
-
-    // Removing the file heard falls back to the first stream.
-    bench.hooks.calls.clear();
-    model.Audio_Selection()->setCurrentIndex(model.Audio_List()->index(0), QItemSelectionModel::ClearAndSelect);
-    model.Remove_Associated_Audio();
-    EXPECT_EQ(bench.state.Audio_Choice, 1);
-    EXPECT_EQ(bench.hooks.calls.last(), "Associated_Audio_Removed(1,heard) current=1 count=1");
-    EXPECT_TRUE(model.Track(1).Associated_Audio.empty());
-
-    // Nothing selected: nothing removed.
-    model.Remove_Associated_Audio();
-    EXPECT_EQ(model.Track(1).Associated_Count, 0);
+    Add_All({One});  // two streams: choices 1, 2, then files 3, 4
+    model.Associate_Audio(1, English, QStringLiteral("english"));
+    model.Associate_Audio(1, Commentary, QStringLiteral("commentary"));
+    bench.state.Audio_Choice = 4;
+    calls.clear();
+    QList<int> choices;
+    for (int i = 0; i < 3; ++i) {  // the third time nothing is selected: nothing removed
+        model.Audio_Selection()->setCurrentIndex(model.Audio_List()->index(0), QItemSelectionModel::ClearAndSelect);
+        model.Remove_Associated_Audio();
+        choices << bench.state.Audio_Choice;
+    }
+    EXPECT_EQ(choices, (QList<int>{3, 1, 1})) << "4 -> 3 for the same file; the file heard gone: the first stream";
+    EXPECT_EQ(calls, (QStringList{"Clear_Audio_Menus(1) current=1 count=1",
+                                  "Associated_Audio_Removed(1,silent) current=1 count=1",
+                                  "Clear_Audio_Menus(1) current=1 count=1",
+                                  "Associated_Audio_Removed(1,heard) current=1 count=1"}));
+    EXPECT_TRUE(model.Track(1).Associated_Audio.empty() && model.Track(1).Associated_Count == 0);
 }
 
 TEST_F(Playlist_Model_Test, SubtitleGoesToTheSelectedTrackWithTheAnswerToTheQuestion)
 {
-    Subtitle_Table untitled;
+    Subtitle_Table& untitled = bench.subtitle_files["/s/a.fr.sub"];
     untitled.Subtitle_Author = QStringLiteral("Ann Author");
     untitled.Subtitle_Source = QStringLiteral("DVD");
     untitled.Subtitle_Delay = 7;
-    bench.Add_Subtitle_File(QStringLiteral("/subs/film.fr.sub"), untitled);
-    Subtitle_Table titled = untitled;
-    titled.Subtitle_Title = QStringLiteral("Le film");
-    bench.Add_Subtitle_File(QStringLiteral("/subs/titled.sub"), titled);
-
-    EXPECT_FALSE(model.Associate_Subtitle(QStringLiteral("/subs/titled.sub"), QStringLiteral("titled.sub")))
-        << "no track selected";
-    Add_File(model, QStringLiteral("/films/one.avi"));
-    Add_File(model, QStringLiteral("/films/two.mpg"), 2);
+    (bench.subtitle_files["/s/titled.sub"] = untitled).Subtitle_Title = QStringLiteral("Le film");
+    (bench.subtitle_files["/s/plain.sub"] = untitled).Subtitle_Delay = 0;
+    const auto subtitle_of = [this](int k) {
+        const Track_Record& t = model.Track(k);
+        return QStringList({t.Subtitle_Path, t.Subtitle_Name, t.Subtitle_Info_1, t.Subtitle_Info_2,
+                            QString::number(t.Subtitle_Delay), t.Subtitle_Flag ? "on" : "off"}).join(u'|');
+    };
+    EXPECT_FALSE(model.Associate_Subtitle(QStringLiteral("/s/titled.sub"), QStringLiteral("titled.sub"))) << "no track";
+    Add_All({One, Two});
     model.Select_Track(1);
-    boxes.Set_Answer(Box_Answer::Ok);
-
     QSignalSpy panel(&model, &Playlist_Model::Subtitle_Panel_Changed);
-    ASSERT_TRUE(model.Associate_Subtitle(QStringLiteral("/subs/film.fr.sub"), QStringLiteral("film.fr.sub")));
-    const Track_Record& first = model.Track(1);
-    EXPECT_EQ(first.Subtitle_Path, "/subs/film.fr.sub");
-    EXPECT_EQ(first.Subtitle_Name, "film") << "no title: the file title up to its first dot";
-    EXPECT_EQ(first.Subtitle_Info_1, "Ann Author");
-    EXPECT_EQ(first.Subtitle_Info_2, "DVD");
-    EXPECT_EQ(first.Subtitle_Delay, 7);
-    EXPECT_TRUE(first.Subtitle_Flag);
-    EXPECT_EQ(boxes.Boxes().back().text, "T1002");
+    ASSERT_TRUE(model.Associate_Subtitle(QStringLiteral("/s/a.fr.sub"), QStringLiteral("a.fr.sub")));
+    EXPECT_EQ(subtitle_of(1), "/s/a.fr.sub|a|Ann Author|DVD|7|on");  // no title: the name up to its first dot
+    EXPECT_EQ(boxes.Last_Text(), "T1002");
     EXPECT_EQ(boxes.Boxes().back().style, Box_Style::Ok_Cancel);
     EXPECT_TRUE(bench.state.Subtitles_Loaded);
     EXPECT_EQ(panel.last().at(0).toInt(), 1);
-    EXPECT_TRUE(model.Track(2).Subtitle_Path.isEmpty());
-
     model.Select_Track(2);
     boxes.Set_Answer(Box_Answer::Cancel);
-    ASSERT_TRUE(model.Associate_Subtitle(QStringLiteral("/subs/titled.sub"), QStringLiteral("titled.sub")));
-    EXPECT_EQ(model.Track(2).Subtitle_Name, "Le film");
-    EXPECT_FALSE(model.Track(2).Subtitle_Flag);
-
-    // A file the reader refuses stores nothing and asks nothing.
-    const auto boxes_before = boxes.Boxes().size();
-    EXPECT_FALSE(model.Associate_Subtitle(QStringLiteral("/subs/broken.sub"), QStringLiteral("broken.sub")));
-    EXPECT_EQ(model.Track(2).Subtitle_Path, "/subs/titled.sub");
-    EXPECT_EQ(boxes.Boxes().size(), boxes_before);
-
-    // A file without a delay has nothing to apply: no question.
-    Subtitle_Table no_delay = titled;
-    no_delay.Subtitle_Delay = 0;
-    bench.Add_Subtitle_File(QStringLiteral("/subs/plain.sub"), no_delay);
-    const auto asked = boxes.Boxes().size();
+    ASSERT_TRUE(model.Associate_Subtitle(QStringLiteral("/s/titled.sub"), QStringLiteral("titled.sub")));
+    EXPECT_EQ(subtitle_of(2), "/s/titled.sub|Le film|Ann Author|DVD|7|off");
+    EXPECT_FALSE(model.Associate_Subtitle(QStringLiteral("/s/broken.sub"), QStringLiteral("broken.sub")));
+    EXPECT_EQ(subtitle_of(2), "/s/titled.sub|Le film|Ann Author|DVD|7|off") << "a refused file stores nothing";
     boxes.Set_Answer(Box_Answer::Ok);
-    ASSERT_TRUE(model.Associate_Subtitle(QStringLiteral("/subs/plain.sub"), QStringLiteral("plain.sub")));
-    EXPECT_EQ(boxes.Boxes().size(), asked);
-    EXPECT_FALSE(model.Track(2).Subtitle_Flag);
-}
+    ASSERT_TRUE(model.Associate_Subtitle(QStringLiteral("/s/plain.sub"), QStringLiteral("plain.sub")));
+    EXPECT_EQ(subtitle_of(2), "/s/plain.sub|plain|Ann Author|DVD|0|off") << "no delay, no question";
+    EXPECT_EQ(boxes.Boxes().size(), 2u);
 
-TEST_F(Playlist_Model_Test, LoadersSubtitleFollowsTheTrackJustAdded)
-{
-    bench.Add_Subtitle_File(QStringLiteral("/subs/a.sub"), Subtitle_Table());
-    Add_File(model, QStringLiteral("/films/one.avi"));
-    Add_File(model, QStringLiteral("/films/two.mpg"), 2);
-    model.Select_Track(1);
-
-    Playlist_Load_Target& target = model;
-    target.Add_Track(QStringLiteral("/music/three.mp3"), {}, false, QStringLiteral("Three"), 1, 0);
-    target.Associate_Subtitle(QStringLiteral("/subs/a.sub"));
-    EXPECT_EQ(model.Track(3).Subtitle_Path, "/subs/a.sub");
-    EXPECT_EQ(model.Track(3).Subtitle_Name, "a");
-    EXPECT_TRUE(model.Track(1).Subtitle_Path.isEmpty());
-
-    // The media of the entry was dropped: its subtitle is not read at all.
+    // A loaded playlist's subtitle goes with the track just added: not read at all when its media was dropped.
+    Playlist_Load_Target& loader = model;
+    loader.Add_Track(QStringLiteral("/films/gone.avi"), {}, false, QStringLiteral("Gone"), 2, 0);
     bench.subtitle_loads.clear();
-    target.Add_Track(QStringLiteral("/films/gone.avi"), {}, false, QStringLiteral("Gone"), 2, 0);
-    target.Associate_Subtitle(QStringLiteral("/subs/a.sub"));
+    loader.Associate_Subtitle(QStringLiteral("/s/titled.sub"));
     EXPECT_TRUE(bench.subtitle_loads.isEmpty());
-    EXPECT_TRUE(model.Track(3).Subtitle_Name == "a" && model.Track_Count() == 3);
+    EXPECT_EQ(Paths(model, &Track_Record::Subtitle_Path), QStringList({"/s/a.fr.sub", "/s/plain.sub"}));
 }
 
 TEST_F(Playlist_Model_Test, DelayStepsUpToAMinuteOnTheCurrentTrack)
 {
-    Add_File(model, QStringLiteral("/films/one.avi"));
-    Add_File(model, QStringLiteral("/films/two.mpg"), 2);
+    Add_All({One, Two});
     bench.state.Current_Track = 1;
     model.Select_Track(2);  // the selected track is not the one that changes
-    bench.subtitles.Subtitle_Delay = 0;
-
-    model.Step_Subtitle_Delay(1);
-    EXPECT_EQ(bench.subtitles.Subtitle_Delay, 0) << "down at 0 does nothing";
-    for (int expected = 1; expected <= 59; ++expected) {
-        model.Step_Subtitle_Delay(0);
-        ASSERT_EQ(bench.subtitles.Subtitle_Delay, expected);
+    QList<int> delays, expected{0};
+    for (int s = 1; s <= 60; ++s)
+        expected << s;
+    for (int direction : QList<int>{1} + QList<int>(60, 0) + QList<int>{1, 0, 1, 2, 0}) {
+        model.Step_Subtitle_Delay(direction);
+        delays << bench.subtitles.Subtitle_Delay;
     }
-    model.Step_Subtitle_Delay(0);
-    EXPECT_EQ(bench.subtitles.Subtitle_Delay, 60);
-    EXPECT_EQ(model.Track(1).Subtitle_Delay, 60) << "stored as 00:01:00";
-    EXPECT_EQ(model.Track(2).Subtitle_Delay, 0);
+    // Down at 0 does nothing; 59 goes up to 00:01:00, whose seconds read 0: down does nothing, up gives 1.
+    EXPECT_EQ(delays, expected << 60 << 1 << 0 << 0 << 1);
+    EXPECT_EQ(std::pair(model.Track(1).Subtitle_Delay, model.Track(2).Subtitle_Delay), std::pair(1, 0));
     EXPECT_EQ(model.Subtitle_Panel_Track(), 1);
-
-    // 00:01:00 reads 0 seconds: down does nothing, up starts again at 1.
-    model.Step_Subtitle_Delay(1);
-    EXPECT_EQ(bench.subtitles.Subtitle_Delay, 60);
-    model.Step_Subtitle_Delay(0);
-    EXPECT_EQ(bench.subtitles.Subtitle_Delay, 1);
-    EXPECT_EQ(model.Track(1).Subtitle_Delay, 1);
-    model.Step_Subtitle_Delay(1);
-    EXPECT_EQ(model.Track(1).Subtitle_Delay, 0);
-    model.Step_Subtitle_Delay(2);
-    EXPECT_EQ(bench.subtitles.Subtitle_Delay, 0);
 }
 
-TEST_F(Playlist_Model_Test, ClearingEmptiesEverythingShown)
+TEST(Name_From_Path, TakesTheNameAfterTheLastSlashUpToItsFirstDot)
 {
-    Add_File(model, QStringLiteral("/films/one.avi"));
-    model.Associate_Audio(1, QStringLiteral("/films/english.wav"), QStringLiteral("english"));
-    bench.hooks.calls.clear();
-    model.Clear_Playlist();
-    EXPECT_EQ(model.Track_Count(), 0);
-    EXPECT_EQ(model.Playlist().size(), 1u);
-    EXPECT_EQ(bench.state.Current_Track, 0);
-    EXPECT_EQ(bench.hooks.calls, QStringList{"Clear_Audio_Menus(1) current=1 count=1"});
-    EXPECT_TRUE(model.Audio_List()->stringList().isEmpty());
-    EXPECT_EQ(model.Selected_Track(), 0);
-    EXPECT_EQ(model.Playlist_Duration_Text(), "00:00:00");
-    EXPECT_FALSE(model.Track_Controls_Usable());
+    // Dots in folders are not looked at; no dot gives the whole rest; the first character is never a separator.
+    const std::pair<const char*, const char*> cases[] = {
+        {"/films/english.wav", "english"}, {"/films/la.version.longue.avi", "la"}, {"/home/a.b/c.d/track.mp3", "track"},
+        {"/music.mp3", "music"}, {"/films/README", "README"}, {"/films/", ""}, {"", ""}, {"/", ""},
+        {"film.avi", "ilm"}, {"a/b.wav", "b"}};
+    for (const auto& [path, name] : cases)
+        EXPECT_EQ(Name_From_Path(QString::fromUtf8(path)), name) << path;
 }
 
-TEST_F(Playlist_Model_Test, SubtitleFlagTogglesOnThePanelTrack)
+TEST(Playlist_Real_Media, AnalysedFilesFillTheRecordsAndRefuseWhatTheyMust)
 {
-    Add_File(model, QStringLiteral("/films/one.avi"));
-    Add_File(model, QStringLiteral("/films/two.mpg"), 2);
-    model.Select_Track(1);
-    model.Toggle_Subtitle_Flag();
-    EXPECT_TRUE(model.Track(1).Subtitle_Flag);
-    EXPECT_FALSE(model.Track(2).Subtitle_Flag);
-    model.Toggle_Subtitle_Flag();
-    EXPECT_FALSE(model.Track(1).Subtitle_Flag);
+    const Generated_Media& media = Media();
+    Message_Box_Recorder boxes;
+    Gst_Media_Analyser analyser;
+    Playback_State state;
+    No_Player_Hooks hooks;
+    Subtitle_Table subtitles;
+    const auto texts = Test_Texts();
+    Playlist_Model model(analyser, state, hooks, subtitles, *texts, [](const QString&) { return false; });
+    for (const QString& path : {media.Avi_Three_Streams, media.Not_Media, media.Wav, media.Truncated_Avi,
+                                media.Vcd_Dat})
+        Add_File(model, path, 2);
+    // The letter named .avi and the cut file cannot be played: silently left out.
+    ASSERT_EQ(Paths(model), (QStringList{media.Avi_Three_Streams, media.Wav, media.Vcd_Dat}));
+    EXPECT_TRUE(boxes.Boxes().empty());
+    EXPECT_EQ(state.Current_Track, 1);
+    EXPECT_EQ(Summary(model.Track(1)).section(u' ', -5), "320x240 00:00:04 AVI 3 VAP");
+    EXPECT_EQ(Summary(model.Track(2)).section(u' ', -5), "-- 00:00:03 WAV 1 A");
+    EXPECT_EQ(Summary(model.Track(3)).section(u' ', -5), "352x288 00:00:03 MPEG 1 VAP");
+    EXPECT_EQ(model.Playlist_Duration_Text(), "00:00:10");
+
+    // Audio may be associated; a file with a picture may not.
+    EXPECT_TRUE(model.Associate_Audio(1, media.Associated_Wav, QStringLiteral("english")));
+    EXPECT_FALSE(model.Associate_Audio(1, media.Avi_One_Stream, QStringLiteral("one stream")));
+    EXPECT_EQ(boxes.Last_Text(), "T1210");
+    ASSERT_EQ(model.Track(1).Associated_Count, 1);
+    EXPECT_EQ(model.Track(1).Associated_Audio[0].Duration_Text + " " + model.Track(1).Associated_Audio[0].Kind,
+              "00:00:04 WAV");
+    EXPECT_EQ(state.Audio_Choice, 1);
 }
 
 } // namespace
