@@ -17,6 +17,7 @@
 #include "playlist/playlist_model.h"
 #include "playlist/playlist_window_batch.h"
 #include "subtitles/frm_display.h"
+#include "subtitles/frm_subtitle.h"
 #include "subtitles/subtitle_reader.h"
 #include "ui/frm_about.h"
 #include "ui/frm_rien.h"
@@ -25,6 +26,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QScreen>
+#include <QWindow>
 
 namespace Orvane {
 
@@ -47,6 +49,8 @@ Program::Program(const QString& program_folder, Dialog_Provider* dialogs)
     player_window_ = std::make_unique<Frm_Player>();
     display_window_ = std::make_unique<Frm_display>();
     rien_window_ = std::make_unique<Frm_Rien>([this](int key) { controls_->Gestion_KeyPress(key); });
+    subtitle_window_ = std::make_unique<Frm_Subtitle>(settings_, texts_, subtitle_table_);
+    subtitle_window_->Set_Screen_Source([this] { return display_window_->screen(); });
     graph_.Set_Video_Widget(display_window_->Video());
     display_layout_ = std::make_unique<Display_Layout>(*display_window_, state_.Full_Screen);
     display_control_ = std::make_unique<Layout_Display_Control>(*display_layout_);
@@ -63,7 +67,7 @@ Program::Program(const QString& program_folder, Dialog_Provider* dialogs)
 
     context_ = std::make_unique<Player_Context>(Player_Context{
         state_, settings_, texts_, graph_, *player_window_, *track_source_, *playlist_window_,
-        *display_control_, *subtitle_source_, subtitle_window_, subtitle_window_});
+        *display_control_, *subtitle_source_, *subtitle_window_, *subtitle_window_});
     session_ = std::make_unique<Playback_Session>(*context_);
     session_hooks_ = std::make_unique<Session_Player_Hooks>(*session_);
     hooks_relay_.Attach(session_hooks_.get());
@@ -79,6 +83,7 @@ Program::Program(const QString& program_folder, Dialog_Provider* dialogs)
 
     const auto forward_key = [this](int key) { controls_->Gestion_KeyPress(key); };
     display_window_->Set_Key_Handler(forward_key);
+    subtitle_window_->Set_Key_Handler(forward_key);
     playlist_window_->Set_Key_Forwarder(forward_key);
     playlist_window_->Set_Play_Track([this](int track) { session_->Play_Track_Number(track); });
     Connect_Player_Window();
@@ -102,6 +107,9 @@ bool Program::Start(const QStringList& arguments)
 
     display_control_->Audio_Layout();
     display_window_->show();
+    // The subtitles follow the display window to its screen.
+    QObject::connect(display_window_->windowHandle(), &QWindow::screenChanged, subtitle_window_.get(),
+                     [this] { subtitle_window_->Place_On_Screen(); });
     rien_window_->show();
     player_window_->show();
     player_window_->raise();

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/pending_subtitle_window.h"
 #include "app/player_hooks_relay.h"
 #include "config/settings.h"
 #include "language/text_table.h"
@@ -22,6 +21,7 @@ class Frm_About;
 class Frm_PlayList;
 class Frm_Player;
 class Frm_Rien;
+class Frm_Subtitle;
 class Frm_display;
 class Layout_Display_Control;
 class Playback_Session;
@@ -59,7 +59,7 @@ public:
     Frm_Player& Player_Window() { return *player_window_; }
     Frm_PlayList& Playlist_Window() { return *playlist_window_; }
     Frm_display& Display_Window() { return *display_window_; }
-    Pending_Subtitle_Window& Subtitle_Window() { return subtitle_window_; }
+    Frm_Subtitle& Subtitle_Window() { return *subtitle_window_; }
 
 private:
     void Connect_Player_Window();
@@ -78,11 +78,11 @@ private:
     Qt_Dialog_Provider qt_dialogs_;
     CdlgEx dialog_;
     Player_Hooks_Relay hooks_relay_;
-    Pending_Subtitle_Window subtitle_window_;
 
     std::unique_ptr<Frm_Player> player_window_;
     std::unique_ptr<Frm_display> display_window_;
     std::unique_ptr<Frm_Rien> rien_window_;
+    std::unique_ptr<Frm_Subtitle> subtitle_window_;
     std::unique_ptr<Frm_About> about_window_;
     std::unique_ptr<Display_Layout> display_layout_;
     std::unique_ptr<Layout_Display_Control> display_control_;

@@ -5,7 +5,7 @@
 #include "player/playback_session.h"
 #include "player/player_layout.h"
 #include "player/player_view.h"
-#include "player/subtitle_window_control.h"
+#include "subtitles/subtitle_window_control.h"
 #include "player/track_source.h"
 #include "playlist/playback_state.h"
 #include "playlist/playlist_window_link.h"

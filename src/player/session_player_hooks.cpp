@@ -3,7 +3,7 @@
 #include "media/media_graph.h"
 #include "player/display_control.h"
 #include "player/playback_session.h"
-#include "player/subtitle_window_control.h"
+#include "subtitles/subtitle_window_control.h"
 #include "playlist/playback_state.h"
 #include "playlist/track.h"
 

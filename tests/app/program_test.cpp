@@ -6,6 +6,7 @@
 #include "player/playback_session.h"
 #include "player/player_controls.h"
 #include "playlist/playlist_model.h"
+#include "subtitles/frm_subtitle.h"
 #include "support/generated_media.h"
 #include "support/temp_folder.h"
 #include "ui/message_box.h"
@@ -98,6 +99,29 @@ TEST_F(Program_Test, TheEndOfATrackAdvancesAndQuittingWritesTheVolumeInUse)
     const QList<QByteArray> lines = folder.Read("orvan.ini").split('\n');
     ASSERT_GE(lines.size(), 28);
     EXPECT_EQ(lines[27], " 5 \r");
+}
+
+TEST_F(Program_Test, TheSubtitleButtonShowsTheLinesAtTheirTimeOverThePicture)
+{
+    const QString media = Orvane::Test::Media().Avi_One_Stream;
+    folder.Write("film.sub", "[TITLE]\r\nFilm\r\n[BEGIN]\r\n***\r\n[00:00:01]\r\nPremier|sous-titre\r\n"
+                             "[00:00:02]\r\n\r\n[END]\r\n");
+    folder.Write("film.orx", ("#EXTORX\r\n#TRACK\r\nTitre=Film\r\nMedia=" + media + "\r\nAudio=\r\nSousT="
+                              + folder.File("film.sub") + "\r\n").toUtf8());
+    Program program(folder.Path());
+    Start(program, {folder.File("film.orx"), QStringLiteral("/play")});
+    ASSERT_TRUE(program.State().Subtitles_Loaded);
+
+    program.Controls().Button_Click(Button_Subtitles);
+    Frm_Subtitle& window = program.Subtitle_Window();
+    EXPECT_TRUE(window.isVisible());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !window.Shape().isEmpty(); }, 4000));
+    EXPECT_EQ(program.Player_Window().Time_Text(), "00:00:01");
+    // The empty entry at 00:00:02 clears the window again.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window.Shape().isEmpty(); }, 4000));
+    program.Controls().Button_Click(Button_Subtitles);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_TRUE(boxes.Boxes().empty()) << boxes.Last_Text().toStdString();
 }
 
 } // namespace

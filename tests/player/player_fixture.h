@@ -6,7 +6,7 @@
 #include "player/frm_player.h"
 #include "player/playback_session.h"
 #include "player/subtitle_table_source.h"
-#include "player/subtitle_window_control.h"
+#include "subtitles/subtitle_window_control.h"
 #include "player/track_source.h"
 #include "playlist/playback_state.h"
 #include "playlist/playlist_window_link.h"
