@@ -1,6 +1,7 @@
 #include "app/program.h"
 
 #include "config/config_file.h"
+#include "config/frm_config.h"
 #include "player/command_line.h"
 #include "player/frm_player.h"
 #include "player/layout_display_control.h"
@@ -73,9 +74,7 @@ Program::Program(const QString& program_folder, Dialog_Provider* dialogs)
     hooks_relay_.Attach(session_hooks_.get());
 
     Player_Commands commands;
-    // The configuration window comes with its own work; until then the
-    // button opens nothing.
-    commands.Show_Configuration = [] {};
+    commands.Show_Configuration = [this] { Show_Configuration(); };
     commands.Write_Config = [this] { Write_Config(program_folder_, settings_, state_.Volume_Level); };
     commands.Quit_Application = [] { QApplication::quit(); };
     controls_ = std::make_unique<Player_Controls>(*context_, *session_, std::move(commands));
@@ -102,8 +101,8 @@ bool Program::Start(const QStringList& arguments)
     state_ = Playback_State();
     if (!Read_Config(program_folder_, settings_, texts_))
         return false;
-    player_window_->Apply_Texts(texts_, graph_.Is_Open());
-    playlist_window_->Apply_Texts(texts_);
+    state_.Time_Mode = 1;
+    Apply_All_Texts();
 
     display_control_->Audio_Layout();
     display_window_->show();
@@ -115,8 +114,6 @@ bool Program::Start(const QStringList& arguments)
     player_window_->raise();
 
     controls_->Apply_Start_Volume(settings_.Volume_Setting);
-    playlist_window_->Set_Filters(Build_Open_Dialog_Filters(texts_));
-    state_.Time_Mode = 1;
 
     unroll_->Start([this, arguments] { Open_Start_File(arguments); });
     return true;
@@ -186,6 +183,56 @@ void Program::Show_About()
     // A new window each time: its version label is set at every load.
     about_window_ = std::make_unique<Frm_About>();
     about_window_->show();
+}
+
+void Program::Show_Configuration()
+{
+    if (config_window_) {
+        config_window_->raise();
+        config_window_->activateWindow();
+        return;
+    }
+    Config_Confirm_Actions actions;
+    actions.Reload_Language = [this](const QString& language) { return Reload_Language(language); };
+    actions.Rebuild_Subtitles = [this] { subtitle_window_->Apply_Settings(); };
+    actions.Write_Config = [this] { Write_Config(program_folder_, settings_, state_.Volume_Level); };
+    config_window_ = std::make_unique<Frm_Config>(settings_, texts_, dialog_, std::move(actions),
+                                                  [this] { return bool(state_.Subtitles_Shown); });
+    config_window_->Set_Key_Forwarder([this](int key) { controls_->Gestion_KeyPress(key); });
+    QObject::connect(config_window_.get(), &Frm_Config::Unloaded, config_window_.get(), [this] {
+        // Made anew at each opening; it goes once its own handler has returned.
+        config_window_.release()->deleteLater();
+    });
+    if (const QScreen* screen = player_window_->screen()) {
+        const QRect area = screen->availableGeometry();
+        config_window_->move(area.center() - config_window_->rect().center());
+    }
+    config_window_->show();
+    config_window_->raise();
+    config_window_->activateWindow();
+}
+
+bool Program::Reload_Language(const QString& language)
+{
+    Text_Table reloaded;
+    if (!reloaded.Load_Language(program_folder_, language))
+        return false;
+    texts_ = std::move(reloaded);
+    Apply_All_Texts();
+    return true;
+}
+
+void Program::Apply_All_Texts()
+{
+    player_window_->Apply_Texts(texts_, graph_.Is_Open());
+    playlist_window_->Apply_Texts(texts_);
+    if (config_window_)
+        config_window_->Apply_Texts(texts_);
+    // The texts the windows fetch for themselves while running.
+    playlist_window_->Set_Filters(Build_Open_Dialog_Filters(texts_));
+    session_->Display().Show_Time_Mode_Caption();
+    if (state_.Current_Track != 0)
+        session_->Display().Refresh_Display();
 }
 
 int Program::Screen_Width() const

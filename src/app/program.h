@@ -18,6 +18,7 @@
 namespace Orvane {
 
 class Frm_About;
+class Frm_Config;
 class Frm_PlayList;
 class Frm_Player;
 class Frm_Rien;
@@ -60,12 +61,18 @@ public:
     Frm_PlayList& Playlist_Window() { return *playlist_window_; }
     Frm_display& Display_Window() { return *display_window_; }
     Frm_Subtitle& Subtitle_Window() { return *subtitle_window_; }
+    // The configuration window while it is open, else null.
+    Frm_Config* Config_Window() { return config_window_.get(); }
+    // Button 6: opens the configuration window, or brings the open one forward.
+    void Show_Configuration();
 
 private:
     void Connect_Player_Window();
     void Place_Player_Window();
     void Open_Start_File(const QStringList& arguments);
     void Show_About();
+    bool Reload_Language(const QString& language);
+    void Apply_All_Texts();
     int Screen_Width() const;
 
     QString program_folder_;
@@ -84,6 +91,7 @@ private:
     std::unique_ptr<Frm_Rien> rien_window_;
     std::unique_ptr<Frm_Subtitle> subtitle_window_;
     std::unique_ptr<Frm_About> about_window_;
+    std::unique_ptr<Frm_Config> config_window_;
     std::unique_ptr<Display_Layout> display_layout_;
     std::unique_ptr<Layout_Display_Control> display_control_;
     std::unique_ptr<Playlist_Model> model_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "config/settings.h"
+#include "ui/windows_rgb.h"
 
 #include <QColor>
 #include <cstdint>
@@ -13,11 +14,7 @@ namespace Orvane {
 // mismatch) for a text that is no number, 6 (Overflow) past 32 bits.
 int32_t Subtitle_Color_Number(const Subtitle_Color_Value& color);
 
-// A Windows RGB value, 0x00BBGGRR: 255 is red, 16711680 is blue. The top
-// byte is ignored.
-QColor Windows_Rgb_Color(int32_t rgb);
-
-// The same colour back as a Windows RGB value.
-int32_t Windows_Rgb_Value(const QColor& color);
+// The colour of the subtitles' number (see ui/windows_rgb.h).
+inline QColor Subtitle_Qt_Color(int32_t number) { return Windows_Rgb_Color(uint32_t(number)); }
 
 } // namespace Orvane

@@ -77,13 +77,14 @@ void Time_Display::Progress_Mouse_Up()
 void Time_Display::Toggle_Time_Mode()
 {
     Playback_State& state = context_.state;
-    if (state.Time_Mode != 1) {
-        context_.view.Set_Time_Mode_Caption(context_.texts.Get_Text(Text_Elapsed));
-        state.Time_Mode = 1;
-    } else {
-        context_.view.Set_Time_Mode_Caption(context_.texts.Get_Text(Text_Remaining));
-        state.Time_Mode = 2;
-    }
+    state.Time_Mode = state.Time_Mode != 1 ? 1 : 2;
+    Show_Time_Mode_Caption();
+}
+
+void Time_Display::Show_Time_Mode_Caption()
+{
+    const bool elapsed = context_.state.Time_Mode == 1;
+    context_.view.Set_Time_Mode_Caption(context_.texts.Get_Text(elapsed ? Text_Elapsed : Text_Remaining));
 }
 
 std::optional<QString> Time_Display::Time_For_Position(double position) const

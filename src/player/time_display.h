@@ -33,6 +33,8 @@ public:
     // Lbl_Affichage_Temps click: the caption under it changes now, the time
     // itself on the next tick.
     void Toggle_Time_Mode();
+    // The caption of the current mode, in the texts of the moment.
+    void Show_Time_Mode_Caption();
     // The text the time display shows for a position in the current mode:
     // elapsed, or the graph's duration minus the position. Nothing when the
     // time lies outside the supported range (over 32767 s).

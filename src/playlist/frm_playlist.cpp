@@ -59,12 +59,6 @@ enum Window_Text : int16_t {
     Text_No_Track = 334,
 };
 
-bool Is_Modifier_Only(int key)
-{
-    return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt || key == Qt::Key_Meta
-        || key == Qt::Key_AltGr || key == Qt::Key_CapsLock || key == Qt::Key_NumLock;
-}
-
 bool Is_List_Navigation(int key)
 {
     return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp || key == Qt::Key_PageDown

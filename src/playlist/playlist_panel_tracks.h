@@ -1,6 +1,6 @@
 #pragma once
 
-#include "playlist/playlist_window_controls.h"
+#include "ui/skin_controls.h"
 
 #include <QWidget>
 

@@ -1,6 +1,6 @@
 #include "playlist/playlist_window_progress.h"
 
-#include "playlist/playlist_window_controls.h"
+#include "ui/skin_controls.h"
 #include "ui/skin_label.h"
 #include "ui/skin_palette.h"
 

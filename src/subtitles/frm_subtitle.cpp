@@ -85,7 +85,7 @@ void Frm_Subtitle::Apply_Settings()
 void Frm_Subtitle::Resolve_Color()
 {
     try {
-        color_ = Windows_Rgb_Color(Subtitle_Color_Number(settings_.Subtitle_Color));
+        color_ = Subtitle_Qt_Color(Subtitle_Color_Number(settings_.Subtitle_Color));
     } catch (const Reader_Error& error) {
         // A colour that is no number fails where it is used: the user is
         // told once, and the letters stay readable in white.

@@ -1,5 +1,7 @@
 #include "ui/cdlg_ex.h"
 
+#include "ui/windows_rgb.h"
+
 #include <QDir>
 #include <QFileInfo>
 
@@ -33,16 +35,6 @@ QString Open_Buffer(const QStringList& paths)
     for (const QString& path : paths)
         buffer += Nul + folder.relativeFilePath(path);
     return buffer + Nul + Nul;
-}
-
-QColor Color_From_Rgb(uint32_t rgb)
-{
-    return QColor(int(rgb & 0xFF), int((rgb >> 8) & 0xFF), int((rgb >> 16) & 0xFF));
-}
-
-uint32_t Rgb_From_Color(const QColor& color)
-{
-    return uint32_t(color.red()) | uint32_t(color.green()) << 8 | uint32_t(color.blue()) << 16;
 }
 
 } // namespace
@@ -154,12 +146,12 @@ void CdlgEx::ShowSave()
 
 void CdlgEx::ShowColor()
 {
-    const std::optional<QColor> chosen = provider_.Choose_Color(owner_, Color_From_Rgb(rgb_result_));
+    const std::optional<QColor> chosen = provider_.Choose_Color(owner_, Windows_Rgb_Color(rgb_result_));
     if (!chosen || !chosen->isValid()) {
         cancel_error_ = true;
         return;
     }
-    rgb_result_ = Rgb_From_Color(*chosen);
+    rgb_result_ = Windows_Rgb_Value(*chosen);
 }
 
 void CdlgEx::ShowFont()

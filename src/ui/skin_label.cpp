@@ -33,6 +33,10 @@ void Skin_Label::paintEvent(QPaintEvent*)
     const bool lit = hovered_ && clickable_ && hovered_color_.isValid();
     painter.setPen(lit ? hovered_color_ : normal_color_);
     const QRect area = contentsRect();
+    if (wordWrap()) {
+        painter.drawText(area, int(alignment()) | Qt::TextWordWrap, text());
+        return;
+    }
     const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, area.width());
     painter.drawText(area, int(alignment()) | Qt::TextSingleLine, shown);
 }
@@ -44,6 +48,7 @@ void Skin_Label::mousePressEvent(QMouseEvent* event)
         return;
     }
     pressed_ = true;
+    emit Left_Pressed();
 }
 
 void Skin_Label::mouseReleaseEvent(QMouseEvent* event)

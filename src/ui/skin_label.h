@@ -6,7 +6,7 @@
 namespace Orvane {
 
 // A one-line text over the skin (Lbl_ control). Text that does not fit ends
-// in an ellipsis. A plain label lets mouse presses through to the window
+// in an ellipsis, unless the label wraps its words. A plain label lets mouse presses through to the window
 // (which drags itself); a clickable one takes them and reports clicks.
 class Skin_Label : public QLabel {
     Q_OBJECT
@@ -19,6 +19,8 @@ public:
 
 signals:
     void Clicked();
+    // The left button went down on a clickable label (before any click).
+    void Left_Pressed();
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -113,4 +113,10 @@ int Key_Press_Code(const QKeyEvent& event)
     return text.isEmpty() ? 0 : int(text.at(0).unicode());
 }
 
+bool Is_Modifier_Only(int key)
+{
+    return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt || key == Qt::Key_Meta
+        || key == Qt::Key_AltGr || key == Qt::Key_CapsLock || key == Qt::Key_NumLock;
+}
+
 } // namespace Orvane

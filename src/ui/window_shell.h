@@ -29,4 +29,7 @@ void Drag_Window(QWidget* form);
 // the first character of the key's text, 0 for a key without text.
 int Key_Press_Code(const QKeyEvent& event);
 
+// Shift, Control and the like alone: nothing to hand on.
+bool Is_Modifier_Only(int key);
+
 } // namespace Orvane

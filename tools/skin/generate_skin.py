@@ -468,6 +468,39 @@ def option_mark():
          f'  <path fill="none" stroke="{ACC}" stroke-width="2" stroke-linecap="round" stroke-linejoin="round" d="M3.5,7.2 L6,9.8 L10.5,4.2"/>\n')
     return svg(14, 14, b)
 
+# ---------------------------------------------------------------- configuration window
+
+CONFIG_W, CONFIG_H = 520, 346
+
+def config_background():
+    W, H = CONFIG_W, CONFIG_H
+    defs = (vgrad("body", [(0, "#474d57", None), (0.1, "#3a3f47", None), (0.5, "#2c3036", None), (1, "#202328", None)])
+            + vgrad("rimv", [(0, "#ffffff", 0.34), (0.06, "#ffffff", 0.08), (0.4, "#ffffff", 0.02), (1, "#ffffff", 0.0)])
+            + LCD_DEFS)
+    b = f'  <rect x="0" y="0" width="{W}" height="{H}" rx="15" fill="{EDGE}"/>\n'
+    b += f'  <rect x="1" y="1" width="{W - 2}" height="{H - 2}" rx="14" fill="url(#body)"/>\n'
+    for i, yy in enumerate(range(4, H - 4, 3)):
+        b += f'  <rect x="1" y="{yy}" width="{W - 2}" height="1" fill="#ffffff" opacity="{0.018 if i % 2 else 0.028}"/>\n'
+    b += f'  <rect x="1.5" y="1.5" width="{W - 3}" height="{H - 3}" rx="13.5" fill="none" stroke="url(#rimv)" stroke-width="1"/>\n'
+    b += logo(22, 17, 7, 1.8, glow=False)
+    b += f'  <rect x="12" y="33" width="{W - 24}" height="1" fill="#000000" opacity="0.45"/>\n'
+    b += f'  <rect x="12" y="34" width="{W - 24}" height="1" fill="#ffffff" opacity="0.07"/>\n'
+    # the font sample and the language list sit on the display glass
+    b += recess(14, 136, 234, 50, 6)
+    b += recess(270, 76, 236, 64, 6)
+    # the column divider and the button bar
+    b += '  <rect x="259" y="44" width="1" height="244" fill="#000000" opacity="0.45"/>\n'
+    b += '  <rect x="260" y="44" width="1" height="244" fill="#ffffff" opacity="0.06"/>\n'
+    b += f'  <rect x="12" y="296" width="{W - 24}" height="1" fill="#000000" opacity="0.45"/>\n'
+    b += f'  <rect x="12" y="297" width="{W - 24}" height="1" fill="#ffffff" opacity="0.07"/>\n'
+    return svg(W, H, b, defs)
+
+def caption_key(w, h, r):
+    body = (f'  <rect x="0" y="0" width="{w}" height="{h}" rx="{r}" fill="{EDGE}"/>\n'
+            f'  <rect x="1" y="1" width="{w - 2}" height="{h - 2}" rx="{r - 1}" fill="url(#face)"/>\n'
+            f'  <rect x="1.5" y="1.5" width="{w - 3}" height="{h - 3}" rx="{r - 1.5}" fill="none" stroke="url(#rim)" stroke-width="1"/>\n')
+    return svg(w, h, body, key_defs())
+
 # ---------------------------------------------------------------- write all
 
 def main():
@@ -512,5 +545,7 @@ def main():
     write("option_box", option_box())
     write("option_mark", option_mark())
     write("button_close", round_key(18, "close", icon_scale=0.875))
+    write("config_background", config_background())
+    write("button_caption", caption_key(90, 28, 7))
 
 main()

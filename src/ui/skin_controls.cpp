@@ -1,4 +1,4 @@
-#include "playlist/playlist_window_controls.h"
+#include "ui/skin_controls.h"
 
 #include "ui/picture_button.h"
 #include "ui/skin_label.h"
