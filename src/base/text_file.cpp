@@ -4,7 +4,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStringDecoder>
 
 namespace Orvane {
@@ -81,19 +80,14 @@ QString Text_File_Reader::Read_Line()
     return lines_[next_++];
 }
 
-bool Write_Text_Lines(const QString& path, const QStringList& lines)
+Save_Result Write_Text_Lines(const QString& path, const QStringList& lines)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
     QByteArray bytes;
     for (const QString& line : lines) {
         bytes += line.toUtf8();
         bytes += "\r\n";
     }
-    if (file.write(bytes) != bytes.size())
-        return false;
-    return file.commit();
+    return Replace_File_Contents(path, bytes);
 }
 
 } // namespace Orvane

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/file_save.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -32,9 +34,8 @@ private:
     qsizetype next_ = 0;
 };
 
-// Writes lines in UTF-8, each ended by CR LF, to a temporary file beside path
-// that then replaces it, so the old file stays whole whatever happens before
-// the end. False when the file could not be written.
-bool Write_Text_Lines(const QString& path, const QStringList& lines);
+// Writes lines in UTF-8, each ended by CR LF, through Replace_File_Contents:
+// the old file stays whole whatever happens before the end.
+Save_Result Write_Text_Lines(const QString& path, const QStringList& lines);
 
 } // namespace Orvane

@@ -165,10 +165,10 @@ bool Save_Playlist(const QString& file_name, const std::vector<Track_Record>& tr
               << QStringLiteral("Media=") + track.Path << QStringLiteral("Audio=") + Audio_Text(track)
               << QStringLiteral("SousT=") + track.Subtitle_Path;
     }
-    if (Write_Text_Lines(file_name, lines))
-        return true;
-    Message_Box(texts.Get_Text(1209) + u'\n' + file_name, Box_Style::Critical_Ok);
-    return false;
+    const Save_Result result = Write_Text_Lines(file_name, lines);
+    if (!result)
+        Message_Box(texts.Get_Text(1209) + u'\n' + file_name + u'\n' + result.reason, Box_Style::Critical_Ok);
+    return result.saved;
 }
 
 Playlist_Load_Result Load_Playlist(const QString& file_name, const Settings& settings,

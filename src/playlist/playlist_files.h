@@ -29,8 +29,9 @@ public:
 // Writes tracks 1..list_count of the playlist array (element 0 holds no
 // track) in the own format: "#EXTORX", then per track "#TRACK", "Titre=",
 // "Media=", "Audio=" (associated audio paths joined by ";"), "SousT=". The
-// file is replaced whole or not at all; a failure shows text 1209, a line
-// feed and the file name in a critical box and returns false.
+// file is replaced whole or not at all; a failure shows text 1209, the file
+// name and the system's reason, one a line, in a critical box and returns
+// false.
 bool Save_Playlist(const QString& file_name, const std::vector<Track_Record>& tracks, int list_count,
                    const Text_Table& texts);
 

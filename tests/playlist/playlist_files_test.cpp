@@ -86,7 +86,8 @@ TEST_F(Playlist_Files_Test, SavedTracksComeBackThroughThePlaylistModel)
 
     const QString unwritable = folder_.File("no such folder/list.orx");
     EXPECT_FALSE(Save_Playlist(unwritable, bench.model.Playlist(), 2, *texts_));
-    EXPECT_EQ(recorder_.Last_Text(), "T1209\n" + unwritable);
+    ASSERT_EQ(recorder_.Boxes().size(), 1u);
+    EXPECT_EQ(recorder_.Last_Text(), "T1209\n" + unwritable + "\nNo such file or directory");
     EXPECT_EQ(recorder_.Boxes().at(0).style, Box_Style::Critical_Ok);
 }
 
