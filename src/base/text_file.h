@@ -16,11 +16,17 @@ QString Decode_Text(const QByteArray& bytes);
 // text does not start another line.
 QStringList Split_Lines(const QString& text);
 
+// The largest text file the readers take: far beyond any real subtitle,
+// playlist, configuration or language file, small enough to hold at once.
+constexpr qint64 Text_File_Size_Limit = 16 * 1024 * 1024;
+
 // Reads a text file line by line, as the line-input statement does.
 class Text_File_Reader {
 public:
     // Reads the whole file. Throws Reader_Error 53 when it does not exist,
-    // 75 when it exists but cannot be read.
+    // 75 when it cannot be read, is not a regular file (a named pipe, a
+    // device, a socket, a folder: refused before anything waits on it) or is
+    // larger than Text_File_Size_Limit (refused before it is read).
     explicit Text_File_Reader(const QString& path);
 
     // Reads the next line without its line end; Reader_Error 62 past the end.
