@@ -64,7 +64,7 @@ public:
 private:
     void Read_Own_Format()
     {
-        int16_t entry = 0;
+        int entry = 0;
         while (!file_.At_End()) {
             ++entry;
             Expect_Key(file_.Read_Line(), QStringLiteral("#TRACK"), false);
@@ -120,7 +120,7 @@ private:
     {
         // Every line taken here counts, the skipped ones too, so an entry number
         // of 1 (which replaces the playlist) only goes to an "#EXTINF" on line 2.
-        int16_t entry = 0;
+        int entry = 0;
         while (!file_.At_End()) {
             ++entry;
             const QString line = file_.Read_Line();

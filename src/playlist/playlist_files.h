@@ -19,7 +19,7 @@ public:
     virtual ~Playlist_Load_Target() = default;
     // audio count = audio_paths.size()
     virtual void Add_Track(const QString& media_path, const QStringList& audio_paths, bool disc_change,
-                           const QString& title, int16_t entry, int16_t mode) = 0;
+                           const QString& title, int entry, int16_t mode) = 0;
     // With the track just added.
     virtual void Associate_Subtitle(const QString& subtitle_path) = 0;
     // A key line of the own format is not the one expected (line_number from 1).
