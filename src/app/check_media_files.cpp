@@ -57,7 +57,7 @@ public:
     explicit Recording_Target(const Message_Box_Recorder& recorder) : recorder_(recorder) {}
 
     void Add_Track(const QString& media_path, const QStringList& audio_paths, bool disc_change,
-                   const QString& title, int16_t entry, int16_t) override
+                   const QString& title, int entry, int16_t) override
     {
         Take_Boxes();
         events_.push_back({entry, title, media_path, audio_paths.join(u';'), {}, disc_change, {}});

@@ -19,6 +19,11 @@ bool Report(bool made, const QString& what, const QString& error)
     return made;
 }
 
+bool Report(const Orvane::Save_Result& saved, const QString& what)
+{
+    return Report(saved.saved, what, saved.reason);
+}
+
 QStringList Demo_Subtitles()
 {
     return {
@@ -66,7 +71,7 @@ int main(int argc, char** argv)
     bool made = Report(G::Avi(clip, 15.0, {440, 660}, 640, 360, &error), clip, error)
         && Report(G::Wav(commentary, 15.0, 330, &error), commentary, error)
         && Report(G::Mp3(music, 8.0, 440, &error), music, error)
-        && Report(Orvane::Write_Text_Lines(subtitles, Demo_Subtitles()), subtitles, QStringLiteral("not written"));
+        && Report(Orvane::Write_Text_Lines(subtitles, Demo_Subtitles()), subtitles);
     if (!made)
         return 1;
 
@@ -84,8 +89,7 @@ int main(int argc, char** argv)
         QStringLiteral("SousT="),
     };
     const QString playlist_path = folder.absoluteFilePath(QStringLiteral("demo.orx"));
-    return Report(Orvane::Write_Text_Lines(playlist_path, playlist), playlist_path,
-                  QStringLiteral("not written"))
+    return Report(Orvane::Write_Text_Lines(playlist_path, playlist), playlist_path)
         ? 0
         : 1;
 }

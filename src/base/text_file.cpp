@@ -3,9 +3,13 @@
 #include "base/reader_error.h"
 
 #include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <QStringDecoder>
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace Orvane {
 
@@ -28,6 +32,69 @@ QString Decode_Cp1252(const QByteArray& bytes)
         text.append(code >= 0x80 && code < 0xA0 ? QChar(Cp1252_High[code - 0x80]) : QChar(code));
     }
     return text;
+}
+
+// A file is closed on every way out.
+class Descriptor {
+public:
+    explicit Descriptor(int fd) : fd_(fd) {}
+    ~Descriptor()
+    {
+        if (fd_ >= 0)
+            ::close(fd_);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    int Get() const { return fd_; }
+
+private:
+    int fd_;
+};
+
+bool Is_Readable_Size(const struct stat& status)
+{
+    return S_ISREG(status.st_mode) && status.st_size <= Text_File_Size_Limit;
+}
+
+// The kind and the size are looked at before the file is opened, so that
+// nothing waits on a named pipe or a device; the open itself does not wait
+// either, in case the path changed in between, and the descriptor is checked
+// again.
+QByteArray Read_Text_Bytes(const QString& path)
+{
+    const QByteArray native = QFile::encodeName(path);
+    struct stat status{};
+    if (::stat(native.constData(), &status) != 0) {
+        if (errno == ENOENT || errno == ENOTDIR)
+            throw Reader_Error::File_Not_Found();
+        throw Reader_Error::Path_File_Access();
+    }
+    if (!Is_Readable_Size(status))
+        throw Reader_Error::Path_File_Access();
+    const Descriptor file(::open(native.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
+    if (file.Get() < 0 || ::fstat(file.Get(), &status) != 0 || !Is_Readable_Size(status))
+        throw Reader_Error::Path_File_Access();
+
+    // One byte more than announced shows a file that grew past the bound.
+    QByteArray bytes(qsizetype(status.st_size) + 1, Qt::Uninitialized);
+    qsizetype filled = 0;
+    for (;;) {
+        if (filled == bytes.size()) {
+            if (bytes.size() > Text_File_Size_Limit)
+                throw Reader_Error::Path_File_Access();
+            bytes.resize(std::min<qsizetype>(bytes.size() * 2, Text_File_Size_Limit + 1));
+        }
+        const ssize_t got = ::read(file.Get(), bytes.data() + filled, size_t(bytes.size() - filled));
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            throw Reader_Error::Path_File_Access();
+        if (got == 0)
+            break;
+        filled += got;
+    }
+    bytes.truncate(filled);
+    return bytes;
 }
 
 } // namespace
@@ -65,13 +132,7 @@ QStringList Split_Lines(const QString& text)
 
 Text_File_Reader::Text_File_Reader(const QString& path)
 {
-    const QFileInfo info(path);
-    if (!info.exists())
-        throw Reader_Error::File_Not_Found();
-    QFile file(path);
-    if (info.isDir() || !file.open(QIODevice::ReadOnly))
-        throw Reader_Error::Path_File_Access();
-    lines_ = Split_Lines(Decode_Text(file.readAll()));
+    lines_ = Split_Lines(Decode_Text(Read_Text_Bytes(path)));
 }
 
 QString Text_File_Reader::Read_Line()
@@ -81,19 +142,14 @@ QString Text_File_Reader::Read_Line()
     return lines_[next_++];
 }
 
-bool Write_Text_Lines(const QString& path, const QStringList& lines)
+Save_Result Write_Text_Lines(const QString& path, const QStringList& lines)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
     QByteArray bytes;
     for (const QString& line : lines) {
         bytes += line.toUtf8();
         bytes += "\r\n";
     }
-    if (file.write(bytes) != bytes.size())
-        return false;
-    return file.commit();
+    return Replace_File_Contents(path, bytes);
 }
 
 } // namespace Orvane

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/file_save.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -14,11 +16,17 @@ QString Decode_Text(const QByteArray& bytes);
 // text does not start another line.
 QStringList Split_Lines(const QString& text);
 
+// The largest text file the readers take: far beyond any real subtitle,
+// playlist, configuration or language file, small enough to hold at once.
+constexpr qint64 Text_File_Size_Limit = 16 * 1024 * 1024;
+
 // Reads a text file line by line, as the line-input statement does.
 class Text_File_Reader {
 public:
     // Reads the whole file. Throws Reader_Error 53 when it does not exist,
-    // 75 when it exists but cannot be read.
+    // 75 when it cannot be read, is not a regular file (a named pipe, a
+    // device, a socket, a folder: refused before anything waits on it) or is
+    // larger than Text_File_Size_Limit (refused before it is read).
     explicit Text_File_Reader(const QString& path);
 
     // Reads the next line without its line end; Reader_Error 62 past the end.
@@ -32,9 +40,8 @@ private:
     qsizetype next_ = 0;
 };
 
-// Writes lines in UTF-8, each ended by CR LF, to a temporary file beside path
-// that then replaces it, so the old file stays whole whatever happens before
-// the end. False when the file could not be written.
-bool Write_Text_Lines(const QString& path, const QStringList& lines);
+// Writes lines in UTF-8, each ended by CR LF, through Replace_File_Contents:
+// the old file stays whole whatever happens before the end.
+Save_Result Write_Text_Lines(const QString& path, const QStringList& lines);
 
 } // namespace Orvane

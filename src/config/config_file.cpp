@@ -179,7 +179,11 @@ bool Write_Config(const QString& folder, const Settings& settings, int volume_le
         Flag(settings.Save_Settings),
         QStringLiteral("<< Do not change this file >>"),
     };
-    return Write_Text_Lines(Config_Path(folder), lines);
+    const QString path = Config_Path(folder);
+    const Save_Result result = Write_Text_Lines(path, lines);
+    if (!result)
+        Message_Box(path + u'\n' + result.reason, Box_Style::Critical_Ok);
+    return result.saved;
 }
 
 } // namespace Orvane

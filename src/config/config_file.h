@@ -24,7 +24,8 @@ bool Read_Config_File(const QString& config_path, const QString& language_folder
                       Settings& settings, Text_Table& texts);
 
 // Rewrites folder's configuration file, line 28 from the volume level in
-// use. The old file stays whole when writing fails. False only then.
+// use. When writing fails the old file stays whole, one box names the file
+// and the system's reason, and the result is false.
 bool Write_Config(const QString& folder, const Settings& settings, int volume_level);
 
 } // namespace Orvane

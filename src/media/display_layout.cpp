@@ -2,6 +2,9 @@
 
 #include "base/numbers.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace Orvane {
 
 void Center_Display(Display_Host& host)
@@ -13,8 +16,23 @@ void Center_Display(Display_Host& host)
     host.Set_Display_Geometry(display);
 }
 
+QSize Picture_Within_Screen(QSize video_pixels, QSize screen_twips)
+{
+    const int room_width = screen_twips.width() / Twips_Per_Pixel;
+    const int room_height = screen_twips.height() / Twips_Per_Pixel - Video_Top_Pixels;
+    const int width = video_pixels.width();
+    const int height = video_pixels.height();
+    if (width <= 0 || height <= 0 || (width <= room_width && height <= room_height))
+        return video_pixels;
+    // The side that overflows most is brought to the screen; the other keeps the shape.
+    const double scale = std::min(double(std::max(room_width, 1)) / width, double(std::max(room_height, 1)) / height);
+    return QSize(std::clamp(int(std::lround(width * scale)), 1, std::max(room_width, 1)),
+                 std::clamp(int(std::lround(height * scale)), 1, std::max(room_height, 1)));
+}
+
 void Show_Video_Layout(Display_Host& host, QSize video_pixels)
 {
+    video_pixels = Picture_Within_Screen(video_pixels, host.Screen_Size());
     host.Set_Video_Geometry(QRect(0, Video_Top_Pixels, video_pixels.width(), video_pixels.height()));
     host.Set_Video_Visible(true);
     QRect display = host.Display_Geometry();

@@ -41,8 +41,13 @@ struct Full_Screen_Memory {
 
 // Left and top such that the window is in the middle of the screen.
 void Center_Display(Display_Host& host);
-// A track with a picture: the picture at (0, 20) px in its own size, the
-// window around it (video width x 15 by video height x 15 + 300 twips), centred.
+// The picture's size in pixels, scaled down keeping its shape when the window
+// around it (the picture and the 20 px top bar) would not fit in the screen's
+// available area (twips); a picture that fits is kept as it is.
+QSize Picture_Within_Screen(QSize video_pixels, QSize screen_twips);
+// A track with a picture: the picture at (0, 20) px in its own size (first
+// brought within the screen), the window around it (video width x 15 by
+// video height x 15 + 300 twips), centred.
 void Show_Video_Layout(Display_Host& host, QSize video_pixels);
 // A track without a picture: 5250 x 4200 twips, centred, the top pictures shown.
 void Show_Audio_Layout(Display_Host& host);

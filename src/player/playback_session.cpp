@@ -94,7 +94,7 @@ void Playback_Session::Play_Track_Number(int number)
         return;
     if (number != context_.state.Current_Track) {
         Clear_Menus_Of_Current_Track();
-        context_.state.Current_Track = int16_t(number);
+        context_.state.Current_Track = number;
     }
     Play_Track();
 }
@@ -261,14 +261,14 @@ void Playback_Session::Subtitle_Step(const Track_Record& track)
             context_.subtitle_display.Clear();
         } else {
             state.Next_Subtitle_Time = context_.subtitles.Start_Time(found);
-            state.Next_Subtitle_Index = int16_t(found);
+            state.Next_Subtitle_Index = found;
         }
     }
     if (state.Next_Subtitle_Time == shown) {
         const int n = state.Next_Subtitle_Index;
         context_.subtitle_display.Show_Subtitle(context_.subtitles.Line1(n),
                                                 context_.subtitles.Line2(n), n);
-        state.Next_Subtitle_Index = int16_t(n + 1);
+        state.Next_Subtitle_Index = n + 1;
         state.Next_Subtitle_Time = context_.subtitles.Start_Time(n + 1);
     }
 }

@@ -8,7 +8,7 @@ namespace Orvane {
 // The state of the playback that the playlist, the session and the windows
 // share. One instance lives as long as the program.
 struct Playback_State {
-    int16_t Current_Track = 0;     // 1-based, 0 = none
+    int Current_Track = 0;         // 1-based, 0 = none
     bool Is_Playing = false;
     bool Full_Screen = false;
     bool Subtitles_Shown = false;
@@ -17,7 +17,7 @@ struct Playback_State {
     int16_t Audio_Choice = 0;      // 1..n a stream of the file, n+1..n+m an associated file
     int16_t Time_Mode = 1;         // 1 elapsed, 2 remaining
     QString Next_Subtitle_Time = QStringLiteral("Aucun");  // "Aucun" = search again
-    int16_t Next_Subtitle_Index = 1;
+    int Next_Subtitle_Index = 1;
 };
 
 inline int Volume_Hundredths(int volume_level) { return volume_level * 500 - 3000; }

@@ -64,7 +64,7 @@ public:
 private:
     void Read_Own_Format()
     {
-        int16_t entry = 0;
+        int entry = 0;
         while (!file_.At_End()) {
             ++entry;
             Expect_Key(file_.Read_Line(), QStringLiteral("#TRACK"), false);
@@ -120,7 +120,7 @@ private:
     {
         // Every line taken here counts, the skipped ones too, so an entry number
         // of 1 (which replaces the playlist) only goes to an "#EXTINF" on line 2.
-        int16_t entry = 0;
+        int entry = 0;
         while (!file_.At_End()) {
             ++entry;
             const QString line = file_.Read_Line();
@@ -165,10 +165,10 @@ bool Save_Playlist(const QString& file_name, const std::vector<Track_Record>& tr
               << QStringLiteral("Media=") + track.Path << QStringLiteral("Audio=") + Audio_Text(track)
               << QStringLiteral("SousT=") + track.Subtitle_Path;
     }
-    if (Write_Text_Lines(file_name, lines))
-        return true;
-    Message_Box(texts.Get_Text(1209) + u'\n' + file_name, Box_Style::Critical_Ok);
-    return false;
+    const Save_Result result = Write_Text_Lines(file_name, lines);
+    if (!result)
+        Message_Box(texts.Get_Text(1209) + u'\n' + file_name + u'\n' + result.reason, Box_Style::Critical_Ok);
+    return result.saved;
 }
 
 Playlist_Load_Result Load_Playlist(const QString& file_name, const Settings& settings,

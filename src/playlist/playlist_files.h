@@ -19,7 +19,7 @@ public:
     virtual ~Playlist_Load_Target() = default;
     // audio count = audio_paths.size()
     virtual void Add_Track(const QString& media_path, const QStringList& audio_paths, bool disc_change,
-                           const QString& title, int16_t entry, int16_t mode) = 0;
+                           const QString& title, int entry, int16_t mode) = 0;
     // With the track just added.
     virtual void Associate_Subtitle(const QString& subtitle_path) = 0;
     // A key line of the own format is not the one expected (line_number from 1).
@@ -29,8 +29,9 @@ public:
 // Writes tracks 1..list_count of the playlist array (element 0 holds no
 // track) in the own format: "#EXTORX", then per track "#TRACK", "Titre=",
 // "Media=", "Audio=" (associated audio paths joined by ";"), "SousT=". The
-// file is replaced whole or not at all; a failure shows text 1209, a line
-// feed and the file name in a critical box and returns false.
+// file is replaced whole or not at all; a failure shows text 1209, the file
+// name and the system's reason, one a line, in a critical box and returns
+// false.
 bool Save_Playlist(const QString& file_name, const std::vector<Track_Record>& tracks, int list_count,
                    const Text_Table& texts);
 

@@ -106,7 +106,7 @@ void Playlist_Model::Select_Track(int track)
 }
 
 void Playlist_Model::Add_Track(const QString& path, const QStringList& audio_paths, bool disc_change,
-                               const QString& title, int16_t entry, int16_t mode)
+                               const QString& title, int entry, int16_t mode)
 {
     last_added_track_ = 0;
     const std::optional<Media_Analysis> analysis = analyser_.Analyse_Media(path);
@@ -185,7 +185,7 @@ void Playlist_Model::Remove_Track(int track)
     changing_rows_ = false;
 
     if (current > track)
-        state_.Current_Track = int16_t(current - 1);
+        state_.Current_Track = current - 1;
     else if (current == track)
         Replace_Removed_Current_Track(track);
     if (last_added_track_ == track)
@@ -206,7 +206,7 @@ void Playlist_Model::Replace_Removed_Current_Track(int removed)
     hooks_.Reset_Player();
     if (Track_Count() == 0)
         return;
-    state_.Current_Track = int16_t(std::min(removed, Track_Count()));
+    state_.Current_Track = std::min(removed, Track_Count());
     hooks_.Open_First_Track(Track(state_.Current_Track).Path);
 }
 
@@ -224,7 +224,7 @@ bool Playlist_Model::Associate_Audio(int track, const QString& path, const QStri
     Track_Record& record = records_[std::size_t(track)];
     record.Associated_Audio.push_back(
         {path, name, Duration_Text_Of(analysis->Duration), analysis->Media_Kind});
-    record.Associated_Count = int16_t(record.Associated_Audio.size());
+    record.Associated_Count = int(record.Associated_Audio.size());
 
     if (info_track_ == track) {
         const int row = audio_names_.rowCount();
@@ -257,7 +257,7 @@ void Playlist_Model::Remove_Associated_Audio()
 
     Track_Record& record = records_[std::size_t(track)];
     record.Associated_Audio.erase(record.Associated_Audio.begin() + row);
-    record.Associated_Count = int16_t(record.Associated_Audio.size());
+    record.Associated_Count = int(record.Associated_Audio.size());
     audio_names_.removeRows(row, 1);
     if (audio_names_.rowCount() > 0)
         audio_selection_.setCurrentIndex(audio_names_.index(std::min(row, audio_names_.rowCount() - 1)),

@@ -62,7 +62,7 @@ public:
     // Entry 1 with Mode 1 replaces the playlist. A file that cannot be
     // rendered is silently not added.
     void Add_Track(const QString& path, const QStringList& audio_paths, bool disc_change,
-                   const QString& title, int16_t entry, int16_t mode) override;
+                   const QString& title, int entry, int16_t mode) override;
     // The track Add_Track appended last, 0 when the last call added nothing.
     int Last_Added_Track() const { return last_added_track_; }
     void Store_Track_Record(const QString& title, const QString& path, bool disc_change,

@@ -39,7 +39,7 @@ void Playlist_Window_Batch::Add_Next_File()
     }
     const QString path = pending_.takeFirst();
     ++done_;
-    model_.Add_Track(path, {}, false, QFileInfo(path).fileName(), int16_t(done_), mode_);
+    model_.Add_Track(path, {}, false, QFileInfo(path).fileName(), done_, mode_);
     emit Progress(done_, total_);
     next_file_.start();
 }
@@ -60,7 +60,7 @@ Playlist_Load_Result Playlist_Window_Batch::Load(const QString& file_name, const
 }
 
 void Playlist_Window_Batch::Add_Track(const QString& media_path, const QStringList& audio_paths, bool disc_change,
-                                      const QString& title, int16_t entry, int16_t mode)
+                                      const QString& title, int entry, int16_t mode)
 {
     if (cancelled_)
         return;

@@ -34,7 +34,7 @@ public:
 
     // Playlist_Load_Target: what the reader hands over goes to the model.
     void Add_Track(const QString& media_path, const QStringList& audio_paths, bool disc_change,
-                   const QString& title, int16_t entry, int16_t mode) override;
+                   const QString& title, int entry, int16_t mode) override;
     void Associate_Subtitle(const QString& subtitle_path) override;
 
 signals:

@@ -7,10 +7,13 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
+
 namespace Orvane {
 
 namespace {
-constexpr int Number_Width = 30;
+constexpr int Narrowest_Number_Width = 24;  // two digits and the play mark
+constexpr int Number_Font_Size = 11;
 constexpr int Duration_Width = 62;
 constexpr int Side_Margin = 6;
 } // namespace
@@ -19,6 +22,13 @@ Playlist_Window_Delegate::Playlist_Window_Delegate(const Playlist_Model& model, 
                                                    QObject* parent)
     : QStyledItemDelegate(parent), model_(model), state_(state)
 {
+}
+
+int Playlist_Window_Delegate::Number_Text_Width(int track_count)
+{
+    const QFontMetrics metrics(Skin_Palette::Label_Font(Number_Font_Size));
+    return std::max(Narrowest_Number_Width,
+                    metrics.horizontalAdvance(QString::number(std::max(track_count, 1))) + 2);
 }
 
 QSize Playlist_Window_Delegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const
@@ -50,7 +60,8 @@ void Playlist_Window_Delegate::paint(QPainter* painter, const QStyleOptionViewIt
         painter->fillRect(row, QColor(255, 255, 255, 7));
     }
 
-    const QRect number_area(row.left() + Side_Margin, row.top(), Number_Width - Side_Margin, row.height());
+    const QRect number_area(row.left() + Side_Margin, row.top(), Number_Text_Width(model_.Track_Count()),
+                            row.height());
     const QRect duration_area(row.right() - Duration_Width - Side_Margin, row.top(), Duration_Width, row.height());
     const QRect title_area(number_area.right() + 8, row.top(),
                            duration_area.left() - number_area.right() - 14, row.height());
@@ -58,7 +69,7 @@ void Playlist_Window_Delegate::paint(QPainter* painter, const QStyleOptionViewIt
     const QColor text_color = current ? Skin_Palette::Accent
                               : selected ? Skin_Palette::Panel_Hover
                                          : Skin_Palette::Display_Text;
-    painter->setFont(Skin_Palette::Label_Font(11));
+    painter->setFont(Skin_Palette::Label_Font(Number_Font_Size));
     painter->setPen(current ? Skin_Palette::Accent : Skin_Palette::Display_Dim);
     if (current) {
         // The play mark takes the place of the number's right end.

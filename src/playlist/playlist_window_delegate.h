@@ -19,6 +19,9 @@ public:
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
     static constexpr int Row_Height = 20;
+    // The width of the number column's text for a list of track_count
+    // entries: wide enough for every digit of the largest number.
+    static int Number_Text_Width(int track_count);
 
 private:
     const Playlist_Model& model_;

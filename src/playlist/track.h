@@ -25,7 +25,7 @@ struct Track_Record {
     int16_t Audio_Streams = 0;
     bool Has_Video = false;
     std::vector<Associated_Audio_Entry> Associated_Audio;  // numbered from 1: entry j is [j - 1]
-    int16_t Associated_Count = 0;
+    int Associated_Count = 0;
     bool Has_Audio = false;
     bool Shows_Picture = false;
     bool Disc_Change = false;

@@ -6,12 +6,17 @@
 #include "base/time_text.h"
 #include "config/settings.h"
 #include "language/text_table.h"
+#include "subtitles/line_fit.h"
 #include "ui/message_box.h"
 
 #include <QFileInfo>
 #include <QFont>
 #include <QFontMetrics>
+#include <QGuiApplication>
+#include <QScreen>
 
+#include <algorithm>
+#include <limits>
 #include <optional>
 
 namespace Orvane {
@@ -21,7 +26,6 @@ namespace {
 const QString End_Tag = QStringLiteral("[END]");
 const QString Begin_Tag = QStringLiteral("[BEGIN]");
 const QString Delay_Tag = QStringLiteral("[DELAY]");
-constexpr int Smallest_Size_Lowered = 8;  // a line may shrink below this once: to 7
 
 // A failure whose detail text is ready to be shown.
 struct Subtitle_Failure {
@@ -33,12 +37,25 @@ QString Error_Detail(const Reader_Error& error)
     return QString::number(error.Number()) + QStringLiteral(", ") + error.Description();
 }
 
+// The largest size in points whose em is no taller than the screen, the
+// point being 1/72 inch at the screen's logical resolution; no bound without
+// a screen.
+int Largest_Shown_Size()
+{
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    if (!screen || screen->logicalDotsPerInchY() <= 0)
+        return std::numeric_limits<int>::max();
+    return std::max(1, int(screen->geometry().height() * 72.0 / screen->logicalDotsPerInchY()));
+}
+
 // Measures lines with the subtitle font and centres them on a window as wide
-// as the screen, shrinking a line that does not fit.
+// as the screen, shrinking a line that does not fit. A size the screen cannot
+// show is taken as the largest it can before the line is fitted.
 class Line_Layout {
 public:
     Line_Layout(const Settings& settings, int screen_width)
         : font_(settings.Subtitle_Font_Name), settings_size_(settings.Subtitle_Font_Size),
+          start_size_(std::min<int>(settings.Subtitle_Font_Size, Largest_Shown_Size())),
           screen_width_(screen_width)
     {
         font_.setBold(settings.Subtitle_Font_Bold);
@@ -52,13 +69,9 @@ public:
 
     Placed Place(const QString& line)
     {
-        int size = settings_size_;
-        int width = Width_At(line, size);
-        while (width > screen_width_ && size >= Smallest_Size_Lowered) {
-            --size;
-            width = Width_At(line, size);
-        }
-        return {Round_To_Int16((screen_width_ - width) / 2.0), size};
+        const Fitted_Line fitted =
+            Fit_Line(start_size_, screen_width_, [&](int size) { return Width_At(line, size); });
+        return {Round_To_Int16((screen_width_ - fitted.width) / 2.0), fitted.size};
     }
 
     // The size an entry records: 0 while the settings' size is the one reached.
@@ -78,6 +91,7 @@ private:
 
     QFont font_;
     int settings_size_;
+    int start_size_;
     int screen_width_;
 };
 

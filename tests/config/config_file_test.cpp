@@ -124,8 +124,11 @@ TEST_F(Config_File_Test, WritesTheLayoutReadsBackTheSameSettingsAndLeavesTheOldF
 
     // A write that fails leaves the old file whole.
     ASSERT_TRUE(QDir(folder.Path()).mkpath("blocked/orvan.ini/inside"));
+    boxes.Clear();
     EXPECT_FALSE(Write_Config(folder.File("blocked"), settings, 3));
     EXPECT_TRUE(QDir(folder.File("blocked/orvan.ini/inside")).exists());
+    ASSERT_EQ(boxes.Boxes().size(), 1u);
+    EXPECT_EQ(boxes.Last_Text(), folder.File("blocked/orvan.ini") + "\nIs a directory");
     EXPECT_EQ(QDir(folder.File("blocked")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden),
               QStringList{"orvan.ini"});
 }

@@ -43,6 +43,30 @@ TEST(Display_Layout, VideoAndAudioLayoutsSizeTheWindowAndCentreItRoundingHalfTwi
     EXPECT_EQ(host.display.topLeft(), QPoint(5272, 3360));  // 5272.5 -> 5272, 3359.5 -> 3360
 }
 
+TEST(Display_Layout, APictureLargerThanTheScreenIsScaledDownKeepingItsShape)
+{
+    struct Case {
+        QSize picture;  // pixels, as the file claims
+        QSize shown;    // pixels, on a 1024 x 768 screen: 748 px below the 20 px top bar
+    };
+    const Case cases[] = {
+        {{352, 288}, {352, 288}},     // fits: as it is
+        {{1024, 748}, {1024, 748}},   // exactly the room there is
+        {{335, 4100}, {61, 748}},     // far too tall: 335 x 748 / 4100 = 61.1
+        {{4000, 1000}, {1024, 256}},  // far too wide
+        {{1025, 748}, {1024, 747}},   // one pixel too wide: 747.27
+        {{2048, 1496}, {1024, 748}},  // twice the room in both directions
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(testing::Message() << test.picture.width() << "x" << test.picture.height());
+        Fake_Display host;
+        Show_Video_Layout(host, test.picture);
+        EXPECT_EQ(host.video, QRect(QPoint(0, 20), test.shown));
+        EXPECT_EQ(host.display.size(), QSize(test.shown.width() * 15, test.shown.height() * 15 + 300));
+        EXPECT_TRUE(QRect(QPoint(0, 0), host.screen).contains(host.display));
+    }
+}
+
 TEST(Display_Layout, FullScreenFillsTheWidthKeepsTheFourPixelReductionAndRoundsToEven)
 {
     struct Case {

@@ -85,7 +85,7 @@ TEST_F(Player_Controls_Test, Subtitle_And_Audio_Buttons)
     tracks[2].Subtitle_Path = Subtitle_File();
     Start(1, false);
     for (int track = 1; track <= 3; ++track) {  // the popup needs a picture and two choices
-        state.Current_Track = int16_t(track);
+        state.Current_Track = track;
         controls.Button_Click(Button_Audio);
         EXPECT_EQ(view.Mnu_Popup()->isVisible(), track == 3) << track;
     }

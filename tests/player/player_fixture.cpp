@@ -29,7 +29,7 @@ Track_Record Video_Track(const QString& title, int streams, const QStringList& a
     track.Kind = QStringLiteral("AVI");
     for (const QString& name : associated)
         track.Associated_Audio.push_back({QStringLiteral("/media/%1.wav").arg(name), name, "00:01:00", "WAV"});
-    track.Associated_Count = int16_t(associated.size());
+    track.Associated_Count = int(associated.size());
     return track;
 }
 
@@ -53,7 +53,7 @@ QString Menu_Text(const Frm_Player& player)
 
 void Player_Fixture::Start(int number, bool play)
 {
-    state.Current_Track = int16_t(number);
+    state.Current_Track = number;
     if (play)
         session.Play_Track();
     else

@@ -82,7 +82,7 @@ TEST_F(Time_Display_Test, Status_Labels_And_Lamps_Of_The_Current_Track)
         {3, 2, false, false, "3/Song/////"},           {4, 2, false, false, "4/Two/lamp/1102 English2///"}};
     const auto lamp = [this](QWidget* picture, const char* name) { return picture->isVisibleTo(&view) ? name : ""; };
     for (const auto& [track, choice, loaded, shown, labels] : cases) {
-        state.Current_Track = int16_t(track);
+        state.Current_Track = track;
         state.Audio_Choice = int16_t(choice);
         state.Subtitles_Loaded = loaded;
         state.Subtitles_Shown = shown;

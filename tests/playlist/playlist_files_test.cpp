@@ -14,7 +14,7 @@ namespace {
 // Each entry the loader hands on, as "entry | title | media | count[audio,...]" and " | subtitle" when given.
 struct Recording_Target : Playlist_Load_Target {
     void Add_Track(const QString& media, const QStringList& audio, bool disc_change, const QString& title,
-                   int16_t entry, int16_t mode) override
+                   int entry, int16_t mode) override
     {
         EXPECT_EQ(mode, 1);
         entries << QString::number(entry) + " | " + title + " | " + media + " | " + QString::number(audio.size())
@@ -86,7 +86,8 @@ TEST_F(Playlist_Files_Test, SavedTracksComeBackThroughThePlaylistModel)
 
     const QString unwritable = folder_.File("no such folder/list.orx");
     EXPECT_FALSE(Save_Playlist(unwritable, bench.model.Playlist(), 2, *texts_));
-    EXPECT_EQ(recorder_.Last_Text(), "T1209\n" + unwritable);
+    ASSERT_EQ(recorder_.Boxes().size(), 1u);
+    EXPECT_EQ(recorder_.Last_Text(), "T1209\n" + unwritable + "\nNo such file or directory");
     EXPECT_EQ(recorder_.Boxes().at(0).style, Box_Style::Critical_Ok);
 }
 
@@ -155,6 +156,36 @@ TEST_F(Playlist_Files_Test, M3uEntriesCountEveryLineAndResolveAgainstTheCurrentD
               Playlist_Load_Result::Failed);
     EXPECT_EQ(target_.entries, QStringList{"1 | One | /one.mp3 | 0[]"});
     EXPECT_EQ(recorder_.Last_Text(), "cut.m3u\n62, Input past end of file");
+}
+
+// "#EXTM3U", a first track (entry 1), comments, then a second track whose entry number is
+// comments + 2: past what 16 bits hold.
+QStringList M3u_With_Comments_Between(int comments)
+{
+    QStringList lines{"#EXTM3U", "#EXTINF:1,First", "/music/first.mp3"};
+    lines.reserve(comments + 5);
+    for (int i = 0; i < comments; ++i)
+        lines << "# comment";
+    return lines << "#EXTINF:1,Second" << "/music/second.mp3";
+}
+
+TEST_F(Playlist_Files_Test, EntryNumbersPastSixteenBitsAreOrdinaryEntries)
+{
+    for (const auto& [comments, second_entry] : {std::pair(32766, "32768"), {65534, "65536"}, {65535, "65537"}}) {
+        SCOPED_TRACE(comments);
+        ASSERT_EQ(Load(M3u_With_Comments_Between(comments), QStringLiteral("long.m3u")), Playlist_Load_Result::Loaded);
+        EXPECT_EQ(target_.entries, (QStringList{"1 | First | /music/first.mp3 | 0[]",
+                                                QString(second_entry) + " | Second | /music/second.mp3 | 0[]"}));
+    }
+
+    // Entry 65,537 does not wrap to 1, which would replace the playlist: the first track stays.
+    Playlist_Bench bench;
+    bench.analyser.Add("/music/first.mp3", 10, {});
+    bench.analyser.Add("/music/second.mp3", 20, {});
+    ASSERT_EQ(Load_Playlist(folder_.Write("long.m3u", Crlf_Lines(M3u_With_Comments_Between(65535))), settings_,
+                            *texts_, bench.model),
+              Playlist_Load_Result::Loaded);
+    EXPECT_EQ(Paths(bench.model), QStringList({"/music/first.mp3", "/music/second.mp3"}));
 }
 
 // Playlists written by other players: each is read, or refused with one clear box.

@@ -7,7 +7,10 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QFontInfo>
 #include <QFontMetrics>
+#include <QGuiApplication>
+#include <QScreen>
 
 namespace Orvane {
 namespace {
@@ -122,6 +125,36 @@ TEST_F(Subtitle_Reader_Test, LinesAreCentredAndShrunkToTheLargestSizeThatFits)
     const QString line = QStringLiteral("Tickets are sold at the kiosk by the harbour");
     ASSERT_TRUE(Load({"[BEGIN]", "", "[00:00:01]", line, "[END]"}, Bold_Width(line, 14)));
     EXPECT_EQ(table_.Subtitle_Lines[1].size, 14) << "the largest size that fits";
+}
+
+// A size far beyond any screen is first taken down to the largest the screen
+// shows, then each line shrinks as the one-point rule makes it.
+TEST_F(Subtitle_Reader_Test, AHugeSizeStartsAtTheScreensHeightAndShrinksAsTheRuleDoes)
+{
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    ASSERT_NE(screen, nullptr);
+    settings_.Subtitle_Font_Size = 5000;
+    const QStringList texts = {"Bienvenue dans Orvane|Welcome to Orvane", "Ce clip a deux pistes audio", "a"};
+    ASSERT_TRUE(Load({"[BEGIN]", "", "[00:00:01]", texts[0], "[00:00:04]", texts[1], "[00:00:07]", texts[2],
+                      "[END]"}));
+    const auto& l = table_.Subtitle_Lines;
+    ASSERT_EQ(l.size(), 5u);
+
+    // The short line fits at the largest size shown: an em as tall as the screen.
+    const int largest = l[3].size;
+    const auto em_pixels = [](int size) { return QFontInfo(QFont(QStringLiteral("DejaVu Sans"), size)).pixelSize(); };
+    EXPECT_LE(em_pixels(largest), screen->geometry().height());
+    EXPECT_GT(em_pixels(largest + 2), screen->geometry().height());
+
+    const auto one_point_rule = [largest](const QString& line) {
+        int size = largest;
+        while (Bold_Width(line, size) > Screen_Width && size >= 8)
+            --size;
+        return size;
+    };
+    EXPECT_EQ(l[1].size, one_point_rule("Welcome to Orvane"));
+    EXPECT_EQ(l[2].size, one_point_rule(texts[1]));
+    EXPECT_NEAR(l[2].left1, (Screen_Width - Bold_Width(texts[1], l[2].size)) / 2.0, 0.5);
 }
 
 // Files written by other programs: each is read, or refused with one clear box.
