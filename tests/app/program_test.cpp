@@ -29,13 +29,13 @@ protected:
         QFile::setPermissions(folder.File("orvan.ini"), QFile::ReadOwner | QFile::WriteOwner);
     }
 
-    // Starts the program and waits for the player window to unroll and the
-    // command line to be handled.
+    // Starts the program on a file to play at once and waits for the player
+    // window to unroll and the file to play.
     void Start(Program& program, const QStringList& arguments)
     {
         ASSERT_TRUE(program.Start(arguments));
         ASSERT_TRUE(QTest::qWaitFor([&] { return program.Player_Window().height() == 260; }, 3000));
-        QTest::qWait(100);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return program.State().Is_Playing; }, 5000));
     }
 
     Orvane::Test::Temp_Folder folder;
@@ -98,6 +98,22 @@ TEST_F(Program_Test, TheEndOfATrackAdvancesAndQuittingWritesTheVolumeInUse)
     const QList<QByteArray> lines = folder.Read("orvan.ini").split('\n');
     ASSERT_GE(lines.size(), 28);
     EXPECT_EQ(lines[27], " 5 \r");
+}
+
+TEST_F(Program_Test, AFileThatEndsBeforeItsAnalysedDurationStillAdvances)
+{
+    const auto& media = Orvane::Test::Media();
+    folder.Write("cut.m3u", ("#EXTM3U\r\n#EXTINF:4,Cut\r\n" + media.Half_Avi + "\r\n#EXTINF:3,Whole\r\n"
+                             + media.Wav + "\r\n").toUtf8());
+    Program program(folder.Path());
+    Start(program, {folder.File("cut.m3u"), QStringLiteral("/play")});
+    ASSERT_EQ(program.Model().Track_Count(), 2);
+    ASSERT_GT(program.Model().Track(1).Duration, 3.5) << "the header's length, twice what plays";
+
+    ASSERT_TRUE(QTest::qWaitFor([&] { return program.State().Current_Track == 2; }, 8000));
+    EXPECT_TRUE(program.State().Is_Playing);
+    EXPECT_EQ(program.Player_Window().Title_Text(), "Whole");
+    EXPECT_TRUE(boxes.Boxes().empty()) << boxes.Last_Text().toStdString();
 }
 
 } // namespace
