@@ -2,6 +2,8 @@
 
 #include "app/check_command.h"
 #include "app/program.h"
+#include "app/quit_signals.h"
+#include "player/player_controls.h"
 #include "ui/skin_resources.h"
 
 #include <gst/gst.h>
@@ -33,6 +35,7 @@ int Run_Application(int argc, char** argv)
     QStringList arguments = QApplication::arguments();
     arguments.removeFirst();
     Program program(QApplication::applicationDirPath());
+    const Quit_Signals quit_signals([&program] { program.Controls().Quit(); });
     if (!program.Start(arguments))
         return 1;
     return application.exec();

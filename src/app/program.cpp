@@ -76,7 +76,10 @@ Program::Program(const QString& program_folder, Dialog_Provider* dialogs)
     Player_Commands commands;
     commands.Show_Configuration = [this] { Show_Configuration(); };
     commands.Write_Config = [this] { Write_Config(program_folder_, settings_, state_.Volume_Level); };
-    commands.Quit_Application = [] { QApplication::quit(); };
+    // exit, not quit: quit first asks every window to close, and one that
+    // refuses (the playlist window only hides) would cancel it. exit ends
+    // every event loop, a modal box's too.
+    commands.Quit_Application = [] { QCoreApplication::exit(0); };
     controls_ = std::make_unique<Player_Controls>(*context_, *session_, std::move(commands));
     unroll_ = std::make_unique<Player_Unroll>(*player_window_);
 

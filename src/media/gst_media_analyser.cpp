@@ -2,6 +2,7 @@
 
 #include "media/gst_walk.h"
 #include "media/media_kind.h"
+#include "media/parsed_length.h"
 #include "media/signal_connection.h"
 
 #include <QFile>
@@ -81,13 +82,16 @@ public:
         }
     }
 
-    // Seconds; some files (an MP3 without a header of its length) tell it
-    // only after a few frames, so those are run on, as fast as they decode,
-    // until they know it or end.
-    double Duration_Seconds(std::chrono::milliseconds time_limit)
+    // Seconds. A file that does not know its length when prerolled (an MP3
+    // without a header of its length) is parsed to its end: its parser's
+    // early figure is only an estimate. Failing that, it is run on, as fast
+    // as it decodes, until it knows some length or ends.
+    double Duration_Seconds(const QString& path, std::chrono::milliseconds time_limit)
     {
         if (const std::optional<double> known = Query(&gst_element_query_duration))
             return *known;
+        if (const std::optional<double> parsed = Parsed_Length(path))
+            return *parsed;
         gst_element_set_state(pipeline_.get(), GST_STATE_PLAYING);
         Bus_Ref bus = Bus_Ref::Adopt(gst_element_get_bus(pipeline_.get()));
         Message_Ref message = Message_Ref::Adopt(gst_bus_timed_pop_filtered(
@@ -192,7 +196,7 @@ std::optional<Media_Analysis> Gst_Media_Analyser::Analyse_Media(const QString& p
         analysis.Width = width;
         analysis.Height = height;
     }
-    analysis.Duration = pipeline.Duration_Seconds(Duration_Wait);
+    analysis.Duration = pipeline.Duration_Seconds(path, Duration_Wait);
     return analysis;
 }
 

@@ -76,6 +76,7 @@ void Gst_Media_Graph::Close_Graph()
     pipeline_.reset();
     pipeline_id_ = 0;
     last_position_ = 0.0;
+    end_reached_ = false;
 }
 
 bool Gst_Media_Graph::Is_Open() const
@@ -134,6 +135,8 @@ void Gst_Media_Graph::Set_Current_Position(double seconds)
     if (!pipeline_)
         return;
     last_position_ = std::max(0.0, seconds);
+    end_reached_ = false;
+    moved_at_ = gst_util_get_timestamp();
     if (!pipeline_->Seek(seconds, Seek_Limit))
         qWarning("Seeking to %.3f s did not finish in time", seconds);
 }
@@ -141,6 +144,11 @@ void Gst_Media_Graph::Set_Current_Position(double seconds)
 double Gst_Media_Graph::Duration() const
 {
     return pipeline_ ? pipeline_->Duration() : 0.0;
+}
+
+bool Gst_Media_Graph::End_Reached() const
+{
+    return pipeline_ && end_reached_;
 }
 
 QSize Gst_Media_Graph::Video_Size() const
@@ -337,6 +345,9 @@ void Gst_Media_Graph::On_Bus_Message(GstMessage* message)
         break;
     }
     case GST_MESSAGE_EOS:
+        if (GST_MESSAGE_TIMESTAMP(message) < moved_at_)
+            break;
+        end_reached_ = true;
         QMetaObject::invokeMethod(this, [this, id] { emit End_Of_Stream(id); }, Qt::QueuedConnection);
         break;
     case GST_MESSAGE_WARNING:

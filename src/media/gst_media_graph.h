@@ -37,6 +37,7 @@ public:
     double Current_Position() const override;
     void Set_Current_Position(double seconds) override;
     double Duration() const override;
+    bool End_Reached() const override;
     QSize Video_Size() const override;
     void Set_Volume(int hundredths_of_decibel) override;
     void Show_Cursor() override;
@@ -79,6 +80,10 @@ private:
     std::map<int, Pad_Ref> saved_audio_pins_;  // Saved_Audio_Pins, by stream number
     double saved_position_ = 0.0;              // Saved_Position
     mutable double last_position_ = 0.0;       // answered while a position query fails
+    bool end_reached_ = false;
+    // When the pipeline was last moved: an end-of-stream posted before
+    // belongs to the place it left.
+    GstClockTime moved_at_ = 0;
     bool no_audio_device_reported_ = false;
 };
 

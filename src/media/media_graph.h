@@ -39,6 +39,9 @@ public:
     virtual double Current_Position() const = 0;          // seconds
     virtual void Set_Current_Position(double seconds) = 0;  // accurate flushing seek
     virtual double Duration() const = 0;                  // Media_Duration, read after opening
+    // The pipeline played to its end (an end-of-stream) since it was opened
+    // or last moved by Set_Current_Position. Known from the event loop.
+    virtual bool End_Reached() const = 0;
     virtual QSize Video_Size() const = 0;                 // empty without a picture
     virtual void Set_Volume(int hundredths_of_decibel) = 0;  // -3000 .. 0
     virtual void Show_Cursor() = 0;

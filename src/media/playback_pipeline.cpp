@@ -3,6 +3,7 @@
 #include "media/audio_output.h"
 #include "media/gst_walk.h"
 #include "media/media_kind.h"
+#include "media/parsed_length.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -87,7 +88,11 @@ std::unique_ptr<Playback_Pipeline> Playback_Pipeline::Open(const QString& path, 
     if (!pipeline->Build(path, setup.No_Audio_Device_Reported, error) || !pipeline->Preroll(setup.Limit, error))
         return nullptr;
     pipeline->video_size_ = pipeline->video_->Frame_Size();
-    pipeline->Duration();
+    // A length the file does not state is measured now, as the analysis
+    // measured it: the parser's estimate moves while it plays, and the time
+    // display and the cursor would move with it.
+    if (pipeline->Duration() <= 0.0)
+        pipeline->duration_ = Parsed_Length(path).value_or(0.0);
     return pipeline;
 }
 
@@ -159,7 +164,7 @@ Bus_Ref Playback_Pipeline::Bus() const
 
 double Playback_Pipeline::Duration() const
 {
-    // Some files (an MP3 without a header of its length) know it only later.
+    // Known at opening, or else from the first figure the pipeline gives.
     gint64 duration = -1;
     if (duration_ <= 0.0 && gst_element_query_duration(pipeline_.get(), GST_FORMAT_TIME, &duration)
         && duration > 0)

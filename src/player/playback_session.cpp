@@ -37,9 +37,6 @@ Playback_Session::Playback_Session(Player_Context& context)
                      [this](int pipeline_id, const QString& message) {
                          On_Engine_Error(pipeline_id, message);
                      });
-    // End_Of_Stream is not listened to: the tick decides the end of a track
-    // from the stored duration, so a stored duration longer than the media
-    // keeps the track "playing" as the player always has.
 }
 
 void Playback_Session::Play()
@@ -235,7 +232,9 @@ void Playback_Session::Tick()
     if (!track || !context_.graph.Is_Open())
         return;
     time_display_.Update_Cursor();
-    const double position = context_.graph.Current_Position();
+    // The pipeline's end counts as reaching the stored duration: a file a
+    // little shorter than its analysis said, or cut short, still ends.
+    const double position = context_.graph.End_Reached() ? track->Duration : context_.graph.Current_Position();
     if (position < track->Duration) {
         if (const auto text = time_display_.Time_For_Position(position))
             context_.view.Set_Time_Text(*text);

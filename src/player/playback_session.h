@@ -21,7 +21,8 @@ namespace Orvane {
 // - The timer is enabled by Play and disabled by Stop; Pause leaves it
 //   running so the display and subtitles keep ticking on the frozen position.
 // - The end of a track is found by the tick comparing the position with the
-//   duration stored in the track record, never by an engine event.
+//   duration stored in the track record; a pipeline that played to its end
+//   stands at that duration, whatever its own length.
 class Playback_Session {
 public:
     static constexpr int Tick_Interval_Ms = 500;

@@ -9,6 +9,7 @@
 #include "playlist/track.h"
 #include "subtitles/subtitle_display.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace Orvane {
@@ -89,8 +90,10 @@ void Time_Display::Show_Time_Mode_Caption()
 
 std::optional<QString> Time_Display::Time_For_Position(double position) const
 {
+    // Past the graph's duration (or while a graph does not know it yet)
+    // nothing remains: the time of a negative count would read "23:59:59".
     const double shown = context_.state.Time_Mode == 1 ? position
-                                                       : context_.graph.Duration() - position;
+                                                       : std::max(0.0, context_.graph.Duration() - position);
     try {
         return Position_Text(shown);
     } catch (const Reader_Error&) {

@@ -36,8 +36,8 @@ public:
     // The caption of the current mode, in the texts of the moment.
     void Show_Time_Mode_Caption();
     // The text the time display shows for a position in the current mode:
-    // elapsed, or the graph's duration minus the position. Nothing when the
-    // time lies outside the supported range (over 32767 s).
+    // elapsed, or the graph's duration minus the position, never below 0.
+    // Nothing when the time lies outside the supported range (over 32767 s).
     std::optional<QString> Time_For_Position(double position) const;
 
     // Rewrites the track number, title, subtitle and audio labels and lamps.

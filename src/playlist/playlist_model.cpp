@@ -1,6 +1,5 @@
 #include "playlist/playlist_model.h"
 
-#include "base/reader_error.h"
 #include "base/time_text.h"
 #include "language/text_table.h"
 #include "media/media_analysis.h"
@@ -21,24 +20,25 @@ namespace {
 constexpr int16_t Text_Picture_Refused = 1210;
 constexpr int16_t Text_Subtitle_Delay_Question = 1002;
 
-// The whole seconds of a duration as a time of day. A file longer than the
-// 16-bit count of seconds still gets a time (wrapped at a day) rather than
-// an error: its analysis succeeded and it plays.
+// The whole seconds a duration is shown as, half to even like every time
+// text. The rows show these and the total adds them up, so the total is the
+// sum of what the rows show.
+long long Shown_Seconds(double seconds)
+{
+    return std::isfinite(seconds) && seconds > 0.0 ? std::llrint(seconds) : 0;
+}
+
+// A duration as a time of day. A file longer than the 16-bit count of
+// seconds still gets a time (wrapped at a day) rather than an error: its
+// analysis succeeded and it plays.
 QString Duration_Text_Of(double seconds)
 {
-    if (!std::isfinite(seconds))
-        return Time_Text(0);
-    try {
-        return Position_Text(seconds);
-    } catch (const Reader_Error&) {
-        return Time_Text(int(std::llround(seconds) % Seconds_Per_Day));
-    }
+    return Time_Text(int(Shown_Seconds(seconds) % Seconds_Per_Day));
 }
 
 // A total that may pass a day keeps counting hours instead of wrapping.
-QString Total_Duration_Text(double seconds)
+QString Total_Duration_Text(long long whole)
 {
-    const long long whole = std::isfinite(seconds) ? std::max(0LL, std::llround(seconds)) : 0;
     return QStringLiteral("%1:%2:%3")
         .arg(whole / 3600, 2, 10, QLatin1Char('0'))
         .arg((whole / 60) % 60, 2, 10, QLatin1Char('0'))
@@ -349,9 +349,9 @@ void Playlist_Model::Refresh_Track_Info(int track)
 
 void Playlist_Model::Refresh_Playlist_Duration()
 {
-    double total = 0.0;
+    long long total = 0;
     for (std::size_t k = 1; k < records_.size(); ++k)
-        total += records_[k].Duration;
+        total += Shown_Seconds(records_[k].Duration);
     const QString text = Total_Duration_Text(total);
     if (text == playlist_duration_text_)
         return;

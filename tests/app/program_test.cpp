@@ -2,6 +2,7 @@
 // playing through the keys, the tick, the end of a track, the audio menu and
 // quitting, as a person would drive it.
 #include "app/program.h"
+#include "base/time_text.h"
 #include "player/frm_player.h"
 #include "player/playback_session.h"
 #include "player/player_controls.h"
@@ -30,13 +31,13 @@ protected:
         QFile::setPermissions(folder.File("orvan.ini"), QFile::ReadOwner | QFile::WriteOwner);
     }
 
-    // Starts the program and waits for the player window to unroll and the
-    // command line to be handled.
+    // Starts the program on a file to play at once and waits for the player
+    // window to unroll and the file to play.
     void Start(Program& program, const QStringList& arguments)
     {
         ASSERT_TRUE(program.Start(arguments));
         ASSERT_TRUE(QTest::qWaitFor([&] { return program.Player_Window().height() == 260; }, 3000));
-        QTest::qWait(100);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return program.State().Is_Playing; }, 5000));
     }
 
     Orvane::Test::Temp_Folder folder;
@@ -122,6 +123,50 @@ TEST_F(Program_Test, TheSubtitleButtonShowsTheLinesAtTheirTimeOverThePicture)
     program.Controls().Button_Click(Button_Subtitles);
     EXPECT_FALSE(window.isVisible());
     EXPECT_TRUE(boxes.Boxes().empty()) << boxes.Last_Text().toStdString();
+}
+
+TEST_F(Program_Test, AFileThatEndsBeforeItsAnalysedDurationStillAdvances)
+{
+    const auto& media = Orvane::Test::Media();
+    folder.Write("cut.m3u", ("#EXTM3U\r\n#EXTINF:4,Cut\r\n" + media.Half_Avi + "\r\n#EXTINF:3,Whole\r\n"
+                             + media.Wav + "\r\n").toUtf8());
+    Program program(folder.Path());
+    Start(program, {folder.File("cut.m3u"), QStringLiteral("/play")});
+    ASSERT_EQ(program.Model().Track_Count(), 2);
+    ASSERT_GT(program.Model().Track(1).Duration, 3.5) << "the header's length, twice what plays";
+
+    ASSERT_TRUE(QTest::qWaitFor([&] { return program.State().Current_Track == 2; }, 8000));
+    EXPECT_TRUE(program.State().Is_Playing);
+    EXPECT_EQ(program.Player_Window().Title_Text(), "Whole");
+    EXPECT_TRUE(boxes.Boxes().empty()) << boxes.Last_Text().toStdString();
+}
+
+TEST_F(Program_Test, RemainingTimeAfterNextCountsDownFromTheNewTracksLength)
+{
+    // The MP3 states no length: its parser would only estimate it, later.
+    const auto& media = Orvane::Test::Media();
+    folder.Write("two.m3u", ("#EXTM3U\r\n#EXTINF:3,First\r\n" + media.Wav + "\r\n#EXTINF:3,Second\r\n"
+                             + media.Mp3 + "\r\n").toUtf8());
+    QStringList shown;  // the time display after each tick of the second track
+    Program program(folder.Path());
+    Start(program, {folder.File("two.m3u"), QStringLiteral("/play")});
+    QObject::connect(&program.Session().Timer(), &QTimer::timeout, &program.Session().Timer(), [&] {
+        if (program.State().Current_Track == 2)
+            shown.append(program.Player_Window().Time_Text());
+    });
+    program.Session().Display().Toggle_Time_Mode();
+    program.Controls().Gestion_KeyPress('6');
+    ASSERT_EQ(program.State().Current_Track, 2);
+
+    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.size() >= 4; }, 5000));
+    const int length = int(std::lround(program.Model().Track(2).Duration));
+    int previous = length;
+    for (const QString& text : shown) {
+        const int seconds = Parse_Time_Text(text).value_or(-1);
+        EXPECT_GE(seconds, 0) << text.toStdString();
+        EXPECT_LE(seconds, previous) << shown.join(u' ').toStdString();
+        previous = seconds;
+    }
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // Analysis of real files on their own short-lived pipelines.
 #include "media/gst_media_analyser.h"
+#include "media/gst_media_graph.h"
 #include "media/media_generator.h"
 #include "support/generated_media.h"
 #include "support/temp_folder.h"
@@ -7,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <QSize>
+#include <gst/gst.h>
 
 namespace Orvane {
 namespace {
@@ -46,6 +48,46 @@ TEST(Gst_Media_Analyser, FilesGiveKindSplitterStreamsPictureAndDuration)
         EXPECT_EQ(QSize(analysis->Width, analysis->Height), file.picture);
         EXPECT_NEAR(analysis->Duration, file.duration, 0.2);
     }
+}
+
+// How long the file plays: decoded to its end as fast as it goes.
+double Decoded_Length(const QString& path)
+{
+    GError* error = nullptr;
+    GstElement* pipeline = gst_parse_launch(
+        QStringLiteral("filesrc location=\"%1\" ! decodebin ! fakesink sync=false").arg(path).toUtf8().constData(),
+        &error);
+    g_clear_error(&error);
+    if (!pipeline)
+        return -1.0;
+    gst_element_set_state(pipeline, GST_STATE_PLAYING);
+    GstBus* bus = gst_element_get_bus(pipeline);
+    GstMessage* end = gst_bus_timed_pop_filtered(bus, 10 * GST_SECOND,
+                                                 GstMessageType(GST_MESSAGE_EOS | GST_MESSAGE_ERROR));
+    gint64 position = -1;
+    if (end && GST_MESSAGE_TYPE(end) == GST_MESSAGE_EOS)
+        gst_element_query_position(pipeline, GST_FORMAT_TIME, &position);
+    if (end)
+        gst_message_unref(end);
+    gst_object_unref(bus);
+    gst_element_set_state(pipeline, GST_STATE_NULL);
+    gst_object_unref(pipeline);
+    return double(position) / double(GST_SECOND);
+}
+
+TEST(Gst_Media_Analyser, AnMp3WithoutALengthHeaderGetsTheLengthThatPlaysNotAnEstimate)
+{
+    // The parser of an MP3 without a length header first answers an estimate
+    // from the bitrate of the frames seen so far: 2.99 s for this one.
+    const QString mp3 = Support::Media().Mp3;
+    const double plays = Decoded_Length(mp3);
+    ASSERT_GT(plays, 2.9);
+    const std::optional<Media_Analysis> analysis = Gst_Media_Analyser().Analyse_Media(mp3);
+    ASSERT_TRUE(analysis);
+    EXPECT_NEAR(analysis->Duration, plays, 0.02);
+    Gst_Media_Graph graph;
+    ASSERT_TRUE(graph.Open_Graph(mp3));
+    EXPECT_NEAR(graph.Duration(), plays, 0.02) << "the player's graph knows it from the start";
 }
 
 TEST(Gst_Media_Analyser, AContainerOtherThanAviOrMpegIsAutre)

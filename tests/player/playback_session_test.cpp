@@ -147,6 +147,33 @@ TEST_F(Playback_Session_Test, End_Of_Track_Against_The_Stored_Duration_And_Repea
     EXPECT_EQ(state.Next_Subtitle_Time, "Aucun");
 }
 
+TEST_F(Playback_Session_Test, The_End_Of_The_Stream_Stands_For_The_Stored_Duration)
+{
+    struct Case {
+        const char* name;
+        double position;
+        bool end_reached;
+        QString opened_after;
+    };
+    const Case cases[] = {
+        {"the pipeline ended before the stored duration", 41.0, true, "/media/B.avi"},
+        {"the pipeline ended at its own shorter length", 89.9, true, "/media/B.avi"},
+        {"short of the stored duration without an end", 89.9, false, "/media/A.avi"},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.name);
+        tracks = {Video_Track("A", 1), Video_Track("B", 1)};
+        tracks[0].Duration = 90.0;
+        Start(1);
+        view.Set_Time_Text("--");
+        graph.position = test.position;
+        graph.end_reached = test.end_reached;
+        session.Tick();
+        EXPECT_EQ(graph.opened_path, test.opened_after);
+        EXPECT_EQ(view.Time_Text() == "--", test.end_reached) << "the end writes no time";
+    }
+}
+
 TEST_F(Playback_Session_Test, Subtitle_Lines_Appear_When_The_Shown_Text_Equals_Their_Start)
 {
     tracks = {Video_Track("Film", 1)};

@@ -69,6 +69,19 @@ TEST_F(Time_Display_Test, Time_Mode_Toggle_Changes_The_Caption_Now_And_The_Time_
     EXPECT_EQ(time().Time_For_Position(32768.0), std::nullopt) << "past the supported range";
 }
 
+TEST_F(Time_Display_Test, Remaining_Time_Is_Never_Below_Zero)
+{
+    state.Time_Mode = 2;
+    const std::tuple<double, double, QString> cases[] = {  // graph's duration, position, shown
+        {60.0, 10.0, "00:00:50"},
+        {0.0, 1.0, "00:00:00"},  // a graph that does not know its duration yet
+        {60.0, 61.0, "00:00:00"}};
+    for (const auto& [duration, position, shown] : cases) {
+        graph.duration = duration;
+        EXPECT_EQ(time().Time_For_Position(position), shown) << duration << " " << position;
+    }
+}
+
 TEST_F(Time_Display_Test, Status_Labels_And_Lamps_Of_The_Current_Track)
 {
     tracks = {Video_Track("One", 1), Video_Track("Dubbed", 1, {"Deutsch"}), Audio_Track("Song", {"Karaoke"}),

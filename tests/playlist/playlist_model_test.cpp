@@ -79,6 +79,32 @@ TEST_F(Playlist_Model_Test, RecordsHoldTheAnalysisAndUnrenderableFilesAreDropped
     EXPECT_EQ(model.Playlist_Duration_Text(), "01:01:23");  // 3683.4 s
 }
 
+TEST_F(Playlist_Model_Test, TheTotalIsTheSumOfWhatTheRowsShow)
+{
+    struct Case {
+        std::vector<double> seconds;
+        QString rows;
+        QString total;
+    };
+    const Case cases[] = {
+        {{1.4, 1.4, 1.4}, "00:00:01 00:00:01 00:00:01", "00:00:03"},  // not 4.2 rounded
+        {{2.5, 3.5, 0.6}, "00:00:02 00:00:04 00:00:01", "00:00:07"},  // halves to the even neighbour
+        {{86399.6, 1.0}, "00:00:00 00:00:01", "24:00:01"},            // a row wraps at a day, the total counts on
+    };
+    for (const Case& test : cases) {
+        Playlist_Bench case_bench;
+        Playlist_Model& case_model = case_bench.model;
+        QStringList rows;
+        for (std::size_t k = 0; k < test.seconds.size(); ++k) {
+            const QString path = case_bench.analyser.Add(QStringLiteral("/films/%1.avi").arg(k), test.seconds[k]);
+            Add_File(case_model, path, 2);
+            rows << case_model.Track(int(k) + 1).Duration_Text;
+        }
+        EXPECT_EQ(rows.join(u' '), test.rows);
+        EXPECT_EQ(case_model.Playlist_Duration_Text(), test.total) << test.rows.toStdString();
+    }
+}
+
 TEST_F(Playlist_Model_Test, ShiftReplacesAndPlainAddAppends)
 {
     Add_All({One, Two});

@@ -42,6 +42,7 @@ public:
         pipeline_id += open;
         opened_path = open ? path : opened_path;
         position = 0.0;
+        end_reached = false;
         return open;
     }
     void Close_Graph() override { journal.Add("Close_Graph"); open = running = false; }
@@ -52,8 +53,14 @@ public:
     void Pause() override { journal.Add("Pause"); running = false; }
     void Stop() override { journal.Add("Stop"); running = false; }
     double Current_Position() const override { return position; }
-    void Set_Current_Position(double to) override { journal.Add("Set_Current_Position", to); position = to; }
+    void Set_Current_Position(double to) override
+    {
+        journal.Add("Set_Current_Position", to);
+        position = to;
+        end_reached = false;
+    }
     double Duration() const override { return open ? duration : 0.0; }
+    bool End_Reached() const override { return open && end_reached; }
     QSize Video_Size() const override { return open ? QSize(320, 240) : QSize(); }
     void Set_Volume(int hundredths) override { journal.Add("Set_Volume", hundredths); }
     void Show_Cursor() override { journal.Add("Show_Cursor"); }
@@ -73,7 +80,7 @@ public:
 
     Call_Journal& journal;
     QString open_failure, opened_path, last_error;  // opens fail with open_failure when it is set
-    bool associated_fails = false, open = false, running = false;
+    bool associated_fails = false, open = false, running = false, end_reached = false;
     int pipeline_id = 0;
     double duration = 60.0, position = 0.0, saved_position = 0.0;
 };

@@ -69,6 +69,12 @@ Generated_Media Generate(const QDir& dir)
         QFile cut(p);
         return whole.open(QIODevice::ReadOnly) && cut.open(QIODevice::WriteOnly) && cut.write(whole.read(3000)) > 0;
     });
+    media.Half_Avi = Made(dir, QStringLiteral("half.avi"), [whole_avi](const QString& p, QString*) {
+        QFile whole(whole_avi);
+        QFile cut(p);
+        return whole.open(QIODevice::ReadOnly) && cut.open(QIODevice::WriteOnly)
+            && cut.write(whole.read(whole.size() / 2)) > 0;
+    });
     return media;
 }
 

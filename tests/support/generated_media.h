@@ -16,6 +16,7 @@ struct Generated_Media {
     QString Associated_Wav;     // 4 s, 1320 Hz: another language for the AVIs
     QString Not_Media;          // text that is no media at all, named *.avi
     QString Truncated_Avi;      // the first 3000 bytes of the three-stream AVI
+    QString Half_Avi;           // the first half of the three-stream AVI: its header says 4 s, 2 s play
 };
 
 // Generates the files on first use; fails the calling test if it cannot.
