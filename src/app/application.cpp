@@ -3,6 +3,7 @@
 #include "app/check_command.h"
 #include "app/program.h"
 #include "ui/skin_resources.h"
+#include "ui/skin_style.h"
 
 #include <gst/gst.h>
 
@@ -29,6 +30,7 @@ int Run_Application(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Orvane"));
     Init_Skin_Resources();
+    Apply_Skin_Style();
 
     QStringList arguments = QApplication::arguments();
     arguments.removeFirst();

@@ -97,6 +97,7 @@ bool Program::Start(const QStringList& arguments)
     state_ = Playback_State();
     if (!Read_Config(program_folder_, settings_, texts_))
         return false;
+    qt_translations_.Install(settings_.Language_Name);
     player_window_->Apply_Texts(texts_, graph_.Is_Open());
     playlist_window_->Apply_Texts(texts_);
 
@@ -176,7 +177,7 @@ void Program::Open_Start_File(const QStringList& arguments)
 void Program::Show_About()
 {
     // A new window each time: its version label is set at every load.
-    about_window_ = std::make_unique<Frm_About>();
+    about_window_ = std::make_unique<Frm_About>(texts_.Get_Text(201), texts_.Get_Text(202));
     about_window_->show();
 }
 
