@@ -5,6 +5,7 @@
 #include "app/quit_signals.h"
 #include "player/player_controls.h"
 #include "ui/skin_resources.h"
+#include "ui/skin_style.h"
 
 #include <gst/gst.h>
 
@@ -31,6 +32,7 @@ int Run_Application(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Orvane"));
     Init_Skin_Resources();
+    Apply_Skin_Style();
 
     QStringList arguments = QApplication::arguments();
     arguments.removeFirst();

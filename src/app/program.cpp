@@ -184,7 +184,7 @@ void Program::Open_Start_File(const QStringList& arguments)
 void Program::Show_About()
 {
     // A new window each time: its version label is set at every load.
-    about_window_ = std::make_unique<Frm_About>();
+    about_window_ = std::make_unique<Frm_About>(texts_.Get_Text(201), texts_.Get_Text(202));
     about_window_->show();
 }
 
@@ -227,6 +227,8 @@ bool Program::Reload_Language(const QString& language)
 
 void Program::Apply_All_Texts()
 {
+    // Qt's own dialogs and boxes speak the same language.
+    qt_translations_.Install(settings_.Language_Name);
     player_window_->Apply_Texts(texts_, graph_.Is_Open());
     playlist_window_->Apply_Texts(texts_);
     if (config_window_)

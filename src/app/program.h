@@ -2,6 +2,7 @@
 
 #include "app/player_hooks_relay.h"
 #include "config/settings.h"
+#include "language/qt_translations.h"
 #include "language/text_table.h"
 #include "media/display_layout.h"
 #include "media/gst_media_analyser.h"
@@ -78,6 +79,7 @@ private:
     QString program_folder_;
     Settings settings_;
     Text_Table texts_;
+    Qt_Translations qt_translations_;
     Playback_State state_;
     Subtitle_Table subtitle_table_;
     Gst_Media_Graph graph_;

@@ -24,6 +24,9 @@ namespace Layout = Player_Layout;
 
 namespace {
 
+// The name assistive technologies give the progress track.
+constexpr int16_t Text_Position = 105;
+
 Skin_Label* New_Label(QWidget* parent, const char* name, const QRect& place, const QString& text,
                       const QFont& font, const QColor& color)
 {
@@ -87,6 +90,7 @@ void Frm_Player::Build_Display()
     lbl_quitter_->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
     lbl_quitter_->setContentsMargins(3, 0, 3, 5);
     lbl_quitter_->Set_Clickable(true);
+    lbl_quitter_->Set_Button_Role(true);
     lbl_quitter_->Set_Colors(Panel_Dim, Panel_Hover);
     connect(lbl_quitter_, &Skin_Label::Clicked, this, &Frm_Player::Quit_Clicked);
 
@@ -117,6 +121,8 @@ void Frm_Player::Build_Display()
             New_Picture(this, "Img_Vol", QStringLiteral("volume_%1").arg(level),
                         Layout::Volume_Gauge);
     }
+    // The first gauge picture speaks for the gauge.
+    img_vol_[0]->Set_Level(0, Layout::Volume_Levels - 1);
 
     img_temoin_ml_ = New_Picture(this, "Img_Temoin_ML", QStringLiteral("lamp_audio"),
                                  Layout::Audio_Lamp);
@@ -232,6 +238,8 @@ void Frm_Player::Apply_Texts(const Text_Table& texts, bool media_open)
     if (!media_open)
         lbl_affichage_fichier_->setText(texts.Get_Text(103));
     label1_->setText(texts.Get_Text(104));
+    img_vol_[0]->setAccessibleName(texts.Get_Text(104));
+    lbl_avancement_->setAccessibleName(texts.Get_Text(Text_Position));
 }
 
 void Frm_Player::Set_Button_Top(int index, int top)
@@ -249,6 +257,7 @@ void Frm_Player::Show_Volume_Level(int level)
     if (level < 0 || level >= Layout::Volume_Levels)
         return;
     img_vol_[std::size_t(level)]->raise();
+    img_vol_[0]->Set_Level(level, Layout::Volume_Levels - 1);
 }
 
 int Frm_Player::Front_Volume_Level() const

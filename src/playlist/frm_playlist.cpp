@@ -261,6 +261,15 @@ void Frm_PlayList::Apply_Texts(const Text_Table& texts)
     subtitles_->Lbl_Var_Delai[1]->setToolTip(texts.Get_Text(Text_Delay_Down));
     tracks_->Lst_Playlist->setToolTip(texts.Get_Text(Text_List_Tip));
 
+    // The names assistive technologies read for the window and its parts
+    // that have no caption of their own.
+    setWindowTitle(texts.Get_Text(301));
+    for (std::size_t i = 0; i < tabs_.size(); ++i)
+        tabs_[i]->setAccessibleName(tab_captions_[i]->text());
+    tracks_->Lst_Playlist->setAccessibleName(texts.Get_Text(301));
+    audio_->Lst_Audio_Asso->setAccessibleName(texts.Get_Text(313));
+    subtitles_->Img_Option->setAccessibleName(texts.Get_Text(Text_Apply_Delay));
+
     // Texts shown for "nothing" follow the language too.
     audio_->Show_Track_Info(model_.Info_Track());
     subtitles_->Show_Subtitle(model_.Subtitle_Panel_Track());

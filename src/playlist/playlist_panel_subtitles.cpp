@@ -63,6 +63,7 @@ Playlist_Panel_Subtitles::Playlist_Panel_Subtitles(Playlist_Model& model, QWidge
     Img_Option_Coche->setGeometry(0, 0, Option_Box.width(), Option_Box.height());
     Lbl_Option = Make_Label(this, QStringLiteral("Lbl_Option"), Option_Caption, 12, Skin_Palette::Panel_Text);
     Lbl_Option->Set_Clickable(true);
+    Lbl_Option->Set_Button_Role(true);
     Lbl_Option->Set_Colors(Skin_Palette::Display_Text, Skin_Palette::Panel_Hover);
 
     strip_->setObjectName(QStringLiteral("Pic_Boutons_ST"));

@@ -28,6 +28,7 @@ Frm_display::Frm_display(QWidget* parent)
       video_(new Video_Widget(this))
 {
     setObjectName(QStringLiteral("Frm_display"));
+    setWindowTitle(QStringLiteral("Orvane"));
     Img_Haut_G->setObjectName(QStringLiteral("Img_Haut_G"));
     Img_Haut_Centre->setObjectName(QStringLiteral("Img_Haut_Centre"));
     Img_Haut_D->setObjectName(QStringLiteral("Img_Haut_D"));

@@ -13,7 +13,7 @@ namespace Orvane {
 struct File_Dialog_Request {
     QWidget* owner = nullptr;
     QString title;
-    QString initial_folder;     // empty: the dialog's own choice
+    QString initial_folder;     // empty: the process's current directory
     QString default_suffix;     // without the dot
     QStringList name_filters;   // "Description (*.a *.b)"
     int selected_filter = 0;    // index into name_filters

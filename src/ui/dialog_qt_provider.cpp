@@ -12,8 +12,10 @@ namespace {
 void Prepare(QFileDialog& dialog, const File_Dialog_Request& request)
 {
     dialog.setWindowTitle(request.title);
-    if (!request.initial_folder.isEmpty())
-        dialog.setDirectory(request.initial_folder);
+    // Without a folder of its own the dialog opens in the process's current
+    // directory, which the last dialog moved to the folder of its choice
+    // (the toolkit would remember a folder of its own instead).
+    dialog.setDirectory(request.initial_folder.isEmpty() ? QDir::currentPath() : request.initial_folder);
     dialog.setDefaultSuffix(request.default_suffix);
     // The descriptions already name their patterns; Qt needs them once more
     // in brackets, which stay hidden.

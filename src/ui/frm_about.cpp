@@ -8,6 +8,7 @@
 #include <QLinearGradient>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
 
 namespace Orvane {
 
@@ -19,18 +20,20 @@ constexpr QRect Version_Place(20, 190, 320, 20);
 const QString Version = QStringLiteral("0.5b");
 } // namespace
 
-Frm_About::Frm_About(QWidget* parent)
+Frm_About::Frm_About(const QString& caption, const QString& fixed_text, QWidget* parent)
     : QWidget(parent, Qt::Window | Qt::FramelessWindowHint),
       image1_(new Picture_Button(QStringLiteral("about_picture"), this)),
-      label1_(new Skin_Label(QStringLiteral("Orvane \u2014 media player"), this)),
+      label1_(new Skin_Label(fixed_text, this)),
       lbl_version_(new Skin_Label(Version, this))
 {
     setObjectName(QStringLiteral("Frm_About"));
+    setWindowTitle(caption);
     setAttribute(Qt::WA_TranslucentBackground, false);
     setFixedSize(Window_Size);
 
     image1_->setObjectName(QStringLiteral("Image1"));
     image1_->Place(Image1_Place);
+    image1_->setAccessibleName(fixed_text);
     label1_->setObjectName(QStringLiteral("Label1"));
     label1_->setGeometry(Label1_Place);
     label1_->setAlignment(Qt::AlignCenter);
@@ -57,6 +60,11 @@ Frm_About::Frm_About(QWidget* parent)
 void Frm_About::showEvent(QShowEvent* event)
 {
     lbl_version_->setText(Version);
+    // Placed before the window system maps it, so it appears centred at once.
+    if (const QScreen* shown_on = screen()) {
+        const QRect area = shown_on->availableGeometry();
+        move(area.left() + (area.width() - width()) / 2, area.top() + (area.height() - height()) / 2);
+    }
     Shape_Window(this, Corner);
     QWidget::showEvent(event);
 }

@@ -8,13 +8,15 @@ class Picture_Button;
 class Skin_Label;
 
 // Frm_About: the program's picture, a fixed text naming it and its version.
-// It closes on a click on the picture, on the text or on its background.
+// Its caption and fixed text come from the language file. It opens in the
+// middle of its screen and closes on a click on the picture, on the text or
+// on its background.
 class Frm_About : public QWidget {
     Q_OBJECT
 public:
     static constexpr int Corner = 40;
 
-    explicit Frm_About(QWidget* parent = nullptr);
+    Frm_About(const QString& caption, const QString& fixed_text, QWidget* parent = nullptr);
 
     Picture_Button* Image1() const { return image1_; }
     Skin_Label* Label1() const { return label1_; }

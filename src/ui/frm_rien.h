@@ -5,9 +5,13 @@
 
 namespace Orvane {
 
-// Frm_Rien: an empty, tiny window that keeps the keyboard working when none
-// of the skinned windows has the focus. Every key press goes unchanged to
-// the player's keyboard dispatcher.
+// Frm_Rien: an empty window that keeps the keyboard working when none of
+// the skinned windows has the focus. Every key press goes unchanged to the
+// player's keyboard dispatcher.
+//
+// It is shown (so it can hold the focus) but never seen: its outline lies
+// wholly outside it, so the window system draws none of it, with or without
+// a window manager; with a compositor its transparent surface hides it too.
 class Frm_Rien : public QWidget {
     Q_OBJECT
 public:
@@ -17,6 +21,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     Key_Dispatcher dispatcher_;

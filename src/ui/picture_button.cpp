@@ -34,6 +34,15 @@ const QPixmap& Picture_Button::Highlighted()
     return highlighted_;
 }
 
+void Picture_Button::Press()
+{
+    if (!isEnabled())
+        return;
+    emit Mouse_Down(Qt::LeftButton, Qt::NoModifier);
+    emit Mouse_Up(Qt::LeftButton, Qt::NoModifier);
+    emit Clicked(Qt::LeftButton, Qt::NoModifier);
+}
+
 void Picture_Button::paintEvent(QPaintEvent* event)
 {
     if (!hovered_) {

@@ -20,6 +20,10 @@ public:
     int Top() const { return y(); }
     bool Is_Hovered() const { return hovered_; }
 
+    // What a click of the left button emits (down, up, clicked), without a
+    // mouse: assistive technologies press the button through it.
+    void Press();
+
 signals:
     void Mouse_Down(Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     void Mouse_Up(Qt::MouseButton button, Qt::KeyboardModifiers modifiers);

@@ -47,6 +47,7 @@ Captioned_Button Make_Captioned_Button(QWidget* parent, const QString& skin_name
                               QRect(picture_at.x() + 32, picture_at.y() + 3, caption_width, 18), 12,
                               Skin_Palette::Panel_Text);
     made.caption->Set_Clickable(true);
+    made.caption->Set_Button_Role(true);
     made.caption->Set_Colors(Skin_Palette::Panel_Text, Skin_Palette::Panel_Hover);
     return made;
 }

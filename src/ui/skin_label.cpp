@@ -1,5 +1,7 @@
 #include "ui/skin_label.h"
 
+#include "ui/skin_accessibility.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -8,6 +10,7 @@ namespace Orvane {
 Skin_Label::Skin_Label(const QString& text, QWidget* parent)
     : QLabel(text, parent), normal_color_(palette().color(QPalette::WindowText))
 {
+    Ensure_Skin_Accessibility();
     setAttribute(Qt::WA_TranslucentBackground);
     setFocusPolicy(Qt::NoFocus);
     setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -24,6 +27,12 @@ void Skin_Label::Set_Colors(const QColor& normal, const QColor& hovered)
     normal_color_ = normal;
     hovered_color_ = hovered;
     update();
+}
+
+void Skin_Label::Press()
+{
+    if (clickable_ && isEnabled())
+        emit Clicked();
 }
 
 void Skin_Label::paintEvent(QPaintEvent*)

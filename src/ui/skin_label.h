@@ -15,6 +15,13 @@ public:
 
     void Set_Clickable(bool clickable);
     bool Is_Clickable() const { return clickable_; }
+    // A clickable label that stands for a button ("Fermer", the playlist
+    // window's captions) is announced as one; others are read as texts.
+    // Set before the window is shown.
+    void Set_Button_Role(bool button) { button_role_ = button; }
+    bool Is_Button() const { return button_role_ && clickable_; }
+    // What a click emits, without a mouse (for assistive technologies).
+    void Press();
     void Set_Colors(const QColor& normal, const QColor& hovered = QColor());
 
 signals:
@@ -31,6 +38,7 @@ protected:
 
 private:
     bool clickable_ = false;
+    bool button_role_ = false;
     bool pressed_ = false;
     bool hovered_ = false;
     QColor normal_color_;

@@ -14,6 +14,14 @@ inline const QColor Panel_Text{0xc3, 0xcb, 0xd5};    // text on the graphite sur
 inline const QColor Panel_Dim{0x7c, 0x86, 0x93};
 inline const QColor Panel_Hover{0xf2, 0xf6, 0xfa};
 
+// The graphite surfaces of the skin, from the deepest to the most raised;
+// message boxes and the toolkit's dialogs are painted with them too.
+inline const QColor Surface_Deep{0x1b, 0x1e, 0x23};
+inline const QColor Surface{0x2b, 0x2f, 0x35};
+inline const QColor Surface_Raised{0x3b, 0x40, 0x48};
+inline const QColor Outline{0x07, 0x08, 0x0a};
+inline const QColor Selection{0x1b, 0x5f, 0x7a};  // the accent, darkened under light text
+
 // The digital-looking face of the time display.
 inline QFont Time_Font(int pixel_size)
 {

@@ -1,6 +1,9 @@
 #include "ui/skin_picture.h"
 
+#include "ui/skin_accessibility.h"
 #include "ui/skin_resources.h"
+
+#include <QAccessible>
 
 #include <QPainter>
 #include <QSvgRenderer>
@@ -35,10 +38,22 @@ QSize Skin_Picture_Size(const QString& name)
 Skin_Picture::Skin_Picture(const QString& skin_name, QWidget* parent)
     : QWidget(parent)
 {
+    Ensure_Skin_Accessibility();
     Set_Picture(skin_name);
     const QSize own_size = Skin_Picture_Size(skin_name);
     if (!own_size.isEmpty())
         resize(own_size);
+}
+
+void Skin_Picture::Set_Level(int level, int maximum)
+{
+    const bool changed = level != level_ || maximum != level_maximum_;
+    level_ = level;
+    level_maximum_ = maximum;
+    if (changed && maximum > 0 && QAccessible::isActive()) {
+        QAccessibleValueChangeEvent event(this, level);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void Skin_Picture::Set_Picture(const QString& skin_name)

@@ -24,6 +24,12 @@ public:
     void Set_Picture(const QString& skin_name);
     const QString& Picture() const { return skin_name_; }
 
+    // A picture that shows an amount (the volume gauge) tells assistive
+    // technologies its level, 0 to maximum; a maximum of 0 is a plain picture.
+    void Set_Level(int level, int maximum);
+    int Level() const { return level_; }
+    int Level_Maximum() const { return level_maximum_; }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     // The pixmap painted, rendered on demand for the current size.
@@ -33,6 +39,8 @@ private:
     QString skin_name_;
     QPixmap rendered_;
     QSize rendered_size_;  // the widget size the pixmap was rendered for
+    int level_ = 0;
+    int level_maximum_ = 0;
 };
 
 } // namespace Orvane

@@ -1,6 +1,9 @@
 #include "ui/skin_progress_track.h"
 
+#include "ui/skin_accessibility.h"
 #include "ui/skin_picture.h"
+
+#include <QAccessible>
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -21,6 +24,7 @@ Skin_Progress_Track::Skin_Progress_Track(const QString& track_picture,
                                          const QString& fill_picture, QWidget* parent)
     : QWidget(parent), track_picture_(track_picture), fill_picture_(fill_picture)
 {
+    Ensure_Skin_Accessibility();
     setFocusPolicy(Qt::NoFocus);
     const QSize own_size = Skin_Picture_Size(track_picture);
     if (!own_size.isEmpty())
@@ -31,8 +35,20 @@ void Skin_Progress_Track::Set_Fill(int pixels)
 {
     if (pixels == fill_)
         return;
+    const int shown_before = Fill_Percent();
     fill_ = pixels;
     update();
+    if (QAccessible::isActive() && Fill_Percent() != shown_before) {
+        QAccessibleValueChangeEvent event(this, Fill_Percent());
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+int Skin_Progress_Track::Fill_Percent() const
+{
+    if (width() <= 0)
+        return 0;
+    return std::clamp(int(std::lround(100.0 * fill_ / width())), 0, 100);
 }
 
 void Skin_Progress_Track::Render_If_Needed()

@@ -19,6 +19,9 @@ public:
     // How far the lit part reaches, in pixels from the left end.
     void Set_Fill(int pixels);
     int Fill() const { return fill_; }
+    // The lit part in percent of the track's width, as assistive
+    // technologies read the position.
+    int Fill_Percent() const;
 
 signals:
     void Mouse_Down(int x_twips);

@@ -115,7 +115,7 @@ TEST(Frm_Rien, HandsTheFirstCharacterOfEveryKeyUnchangedToTheDispatcher)
 TEST(Frm_About, ShowsTheVersionAtEveryOpeningAndClosesOnAClick)
 {
     Init_Skin_Resources();
-    Frm_About about;
+    Frm_About about("À propos d'Orvane", "Orvane — lecteur multimédia");
     const auto show = [&about] { about.show(); return QTest::qWaitForWindowExposed(&about); };
     for (const QPoint place : {about.Image1()->geometry().center(), about.Label1()->geometry().center(),
                                about.Lbl_Version()->geometry().center(), QPoint(8, about.height() - 8)}) {

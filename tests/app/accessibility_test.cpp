@@ -1,0 +1,188 @@
+// The program as a screen reader sees it: every skinned control announced
+// with a role and a name, and pressed through its accessible action.
+#include "app/program.h"
+#include "player/frm_player.h"
+#include "playlist/frm_playlist.h"
+#include "playlist/playlist_panel_tracks.h"
+#include "subtitles/frm_display.h"
+#include "playlist/playlist_model.h"
+#include "support/generated_media.h"
+#include "support/temp_folder.h"
+#include "ui/message_box.h"
+#include "ui/picture_button.h"
+#include "ui/skin_label.h"
+#include "ui/skin_picture.h"
+#include "ui/skin_progress_track.h"
+#include "ui/skin_resources.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QListView>
+#include <QFile>
+#include <QTest>
+
+namespace Orvane {
+namespace {
+
+// Every accessible below root (root included) with this role and name.
+QList<QAccessibleInterface*> Find(QAccessibleInterface* root, QAccessible::Role role, const QString& name)
+{
+    QList<QAccessibleInterface*> found;
+    if (!root)
+        return found;
+    if (root->role() == role && root->text(QAccessible::Name) == name)
+        found.append(root);
+    for (int i = 0; i < root->childCount(); ++i)
+        found += Find(root->child(i), role, name);
+    return found;
+}
+
+QAccessibleInterface* Of(QObject* object)
+{
+    return QAccessible::queryAccessibleInterface(object);
+}
+
+class Accessibility_Test : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        Init_Skin_Resources();
+        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/Lang.ini"), folder.File("Lang.ini"));
+        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/orvan.ini"), folder.File("orvan.ini"));
+        QFile::setPermissions(folder.File("orvan.ini"), QFile::ReadOwner | QFile::WriteOwner);
+    }
+
+    void Start(const QStringList& arguments)
+    {
+        ASSERT_TRUE(program.Start(arguments));
+        ASSERT_TRUE(QTest::qWaitFor([this] { return program.Player_Window().height() == 260; }, 3000));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return program.Model().Track_Count() == int(!arguments.isEmpty()); },
+                                    3000));
+    }
+
+    // The one push button of the player window with this name.
+    QAccessibleInterface* Player_Button(const QString& name)
+    {
+        const auto found = Find(Of(&program.Player_Window()), QAccessible::Button, name);
+        return found.size() == 1 ? found.first() : nullptr;
+    }
+
+    Orvane::Test::Temp_Folder folder;
+    Message_Box_Recorder boxes;
+    Program program{folder.Path()};
+};
+
+TEST_F(Accessibility_Test, EachPlayerButtonIsAPushButtonNamedByItsToolTipWithAPressAction)
+{
+    Start({});
+    for (int index = 0; index < 13; ++index) {
+        const QString name = program.Texts().Get_Text(int16_t(index + 1));
+        QAccessibleInterface* button = Player_Button(name);
+        ASSERT_NE(button, nullptr) << name.toStdString();
+        EXPECT_EQ(button->object(), program.Player_Window().Img_Btn(index)) << name.toStdString();
+        ASSERT_NE(button->actionInterface(), nullptr);
+        EXPECT_EQ(button->actionInterface()->actionNames(), QStringList{QAccessibleActionInterface::pressAction()});
+    }
+}
+
+TEST_F(Accessibility_Test, TheOtherControlsHaveTheirRoleNameAndValue)
+{
+    Start({});
+    Frm_Player& player = program.Player_Window();
+    struct Expected {
+        QObject* object;
+        QAccessible::Role role;
+        QString name;
+    };
+    const Expected controls[] = {
+        {&player, QAccessible::Window, "Orvane"},
+        {&program.Display_Window(), QAccessible::Window, "Orvane"},
+        {player.Lbl_Quitter(), QAccessible::Button, "Fermer"},
+        {player.Lbl_Affichage_Temps(), QAccessible::StaticText, "00:00:00"},
+        {player.Lbl_Affichage_Fichier(), QAccessible::StaticText, "Aucun fichier chargé"},
+        {player.Lbl_Indic_Type_Temps(), QAccessible::StaticText, "Temps écoulé"},
+        {player.Lbl_Avancement(), QAccessible::Slider, "Position de lecture"},
+        {player.Img_Vol(0), QAccessible::ProgressBar, "Volume"},
+        {&program.Playlist_Window(), QAccessible::Window, "Playlist"},
+    };
+    for (const Expected& control : controls) {
+        QAccessibleInterface* seen = Of(control.object);
+        ASSERT_NE(seen, nullptr) << control.name.toStdString();
+        EXPECT_EQ(seen->role(), control.role) << control.name.toStdString();
+        EXPECT_EQ(seen->text(QAccessible::Name), control.name);
+    }
+    EXPECT_EQ(Of(player.Img_Vol(0))->valueInterface()->currentValue().toInt(), 3);  // orvan.ini's level
+    player.Set_Cursor_Left(player.Progress_Track_Width() / 4);
+    EXPECT_EQ(Of(player.Lbl_Avancement())->valueInterface()->currentValue().toInt(), 25);
+}
+
+TEST_F(Accessibility_Test, ThePlaylistWindowsButtonsListsAndCaptionButtonsAreAnnounced)
+{
+    Start({});
+    Frm_PlayList& window = program.Playlist_Window();
+    const Playlist_Panel_Tracks& tracks = *window.Pic_Playlist();
+    // Picture buttons by their tool tips, captions used as buttons by their
+    // text, the tabs by their captions.
+    const std::pair<QObject*, int16_t> buttons[] = {
+        {window.Img_Fermer(), 325},
+        {tracks.Btn_Ajouter.picture, 328}, {tracks.Btn_Ajouter.caption, 304},
+        {tracks.Btn_Retirer.picture, 329}, {tracks.Btn_Retirer.caption, 305},
+        {tracks.Btn_Ouvrir.picture, 306}, {tracks.Btn_Ouvrir.caption, 306},
+        {tracks.Btn_Sauver.picture, 307}, {tracks.Btn_Sauver.caption, 307},
+        {window.Onglets()[0], 301}, {window.Onglets()[1], 302}, {window.Onglets()[2], 303},
+    };
+    for (const auto& [object, text] : buttons) {
+        QAccessibleInterface* seen = Of(object);
+        EXPECT_EQ(seen->role(), QAccessible::Button) << text;
+        EXPECT_EQ(seen->text(QAccessible::Name), program.Texts().Get_Text(text));
+    }
+    QAccessibleInterface* list = Of(tracks.Lst_Playlist);
+    EXPECT_EQ(list->role(), QAccessible::List);
+    EXPECT_EQ(list->text(QAccessible::Name), program.Texts().Get_Text(301));
+}
+
+// Pressing through the accessible action and clicking with the mouse go the
+// same way, skip rules included.
+enum class Press_By { Mouse, Accessible_Action };
+
+class Pressing_Lecture : public Accessibility_Test, public testing::WithParamInterface<Press_By> {
+protected:
+    void Press(const QString& name, int index)
+    {
+        if (GetParam() == Press_By::Mouse) {
+            QTest::mouseClick(program.Player_Window().Img_Btn(index), Qt::LeftButton);
+            return;
+        }
+        QAccessibleInterface* button = Player_Button(name);
+        ASSERT_NE(button, nullptr);
+        button->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    }
+};
+
+TEST_P(Pressing_Lecture, PlaysTheOpenFileAndTheButtonComesBackUp)
+{
+    Start({Orvane::Test::Media().Wav});
+    ASSERT_TRUE(program.Graph().Is_Open());
+    ASSERT_FALSE(program.State().Is_Playing);
+    Picture_Button* lecture = program.Player_Window().Img_Btn(1);
+    Press("Lecture", 1);
+    EXPECT_TRUE(program.State().Is_Playing);
+    EXPECT_EQ(lecture->Top(), lecture->Resting_Top());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return program.Player_Window().Time_Text() != "00:00:00"; }, 4000));
+}
+
+TEST_P(Pressing_Lecture, WithoutMediaNothingHappensAndTheButtonDoesNotSink)
+{
+    Start({});
+    Picture_Button* lecture = program.Player_Window().Img_Btn(1);
+    Press("Lecture", 1);
+    EXPECT_FALSE(program.State().Is_Playing);
+    EXPECT_EQ(lecture->Top(), lecture->Resting_Top());
+    EXPECT_TRUE(boxes.Boxes().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Both, Pressing_Lecture, testing::Values(Press_By::Mouse, Press_By::Accessible_Action));
+
+} // namespace
+} // namespace Orvane

@@ -1,0 +1,165 @@
+// The windows a user meets around the skin: the hidden key window, the
+// About window, the look of message boxes and dialogs, and where the file
+// dialogs open.
+#include "support/temp_folder.h"
+#include "ui/cdlg_ex.h"
+#include "ui/dialog_qt_provider.h"
+#include "ui/frm_about.h"
+#include "ui/frm_rien.h"
+#include "ui/skin_label.h"
+#include "ui/skin_palette.h"
+#include "ui/skin_resources.h"
+#include "ui/skin_style.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QScreen>
+#include <QStyle>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+#include <vector>
+
+namespace Orvane {
+namespace {
+
+TEST(Frm_Rien, IsShownAndTakesTheKeysWithoutAnythingOfItToDraw)
+{
+    std::vector<int> received;
+    Frm_Rien rien([&received](int code) { received.push_back(code); });
+    rien.show();
+    rien.activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&rien] { return QApplication::focusWidget() == &rien; }, 3000));
+    QTest::keyClick(rien.windowHandle(), Qt::Key_5, Qt::KeypadModifier);
+    EXPECT_EQ(received, std::vector<int>{'5'});
+    // A real outline (an empty one would mean none) with nothing of the window inside it.
+    EXPECT_FALSE(rien.mask().isEmpty());
+    EXPECT_TRUE(rien.mask().intersected(rien.rect()).isEmpty());
+}
+
+// On a real X server: the screen under the window shows what lies beneath it.
+TEST(Frm_Rien, LeavesTheScreenUnderItUntouchedOnX11)
+{
+    if (QGuiApplication::platformName() != QLatin1String("xcb"))
+        GTEST_SKIP() << "needs an X server (run under xvfb-run with QT_QPA_PLATFORM=xcb)";
+    const QRect under(100, 100, 60, 60);
+    QWidget beneath(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
+    beneath.setAutoFillBackground(true);
+    beneath.setPalette(QPalette(QColor(200, 30, 40)));
+    beneath.setGeometry(under);
+    beneath.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&beneath));
+
+    std::vector<int> received;
+    Frm_Rien rien([&received](int code) { received.push_back(code); });
+    rien.move(under.topLeft() + QPoint(20, 20));
+    rien.show();
+    rien.raise();
+    rien.activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&rien] { return QApplication::focusWidget() == &rien; }, 5000));
+    QTest::keyClick(rien.windowHandle(), Qt::Key_B);
+    EXPECT_EQ(received, std::vector<int>{'b'});
+
+    const QImage shot = QGuiApplication::primaryScreen()->grabWindow(0, under.x(), under.y(), under.width(),
+                                                                       under.height()).toImage();
+    ASSERT_EQ(shot.size(), under.size());
+    int other = 0;
+    for (int y = 0; y < shot.height(); ++y)
+        for (int x = 0; x < shot.width(); ++x)
+            other += QColor(shot.pixel(x, y)) != QColor(200, 30, 40) ? 1 : 0;
+    EXPECT_EQ(other, 0);
+}
+
+TEST(Frm_About, OpensInTheMiddleOfItsScreenWithTheCaptionItIsGiven)
+{
+    Init_Skin_Resources();
+    Frm_About about("À propos d'Orvane", "Orvane — lecteur multimédia");
+    about.move(0, 0);
+    about.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&about));
+    const QRect area = about.screen()->availableGeometry();
+    EXPECT_EQ(about.geometry().topLeft(), QPoint(area.left() + (area.width() - about.width()) / 2,
+                                                  area.top() + (area.height() - about.height()) / 2));
+    EXPECT_EQ(about.windowTitle(), "À propos d'Orvane");
+    EXPECT_EQ(about.Label1()->text(), "Orvane — lecteur multimédia");
+}
+
+TEST(Skin_Style, MessageBoxesAndDialogsWearTheSkinsGraphite)
+{
+    Apply_Skin_Style();
+    EXPECT_EQ(QApplication::style()->name(), "fusion");
+    QMessageBox box(QMessageBox::Critical, "Orvane", "text", QMessageBox::Ok | QMessageBox::Cancel);
+    QFileDialog dialog;
+    struct Role {
+        QPalette::ColorRole role;
+        QColor colour;
+    };
+    for (const QWidget* widget : {static_cast<QWidget*>(&box), static_cast<QWidget*>(&dialog),
+                                  static_cast<QWidget*>(box.button(QMessageBox::Ok))}) {
+        for (const Role& expected : {Role{QPalette::Window, Skin_Palette::Surface},
+                                     Role{QPalette::WindowText, Skin_Palette::Panel_Text},
+                                     Role{QPalette::Base, Skin_Palette::Surface_Deep},
+                                     Role{QPalette::Button, Skin_Palette::Surface_Raised},
+                                     Role{QPalette::ButtonText, Skin_Palette::Panel_Text},
+                                     Role{QPalette::Highlight, Skin_Palette::Selection}})
+            EXPECT_EQ(widget->palette().color(expected.role), expected.colour)
+                << widget->metaObject()->className() << " role " << int(expected.role);
+    }
+}
+
+// Answers the next file dialog that opens: notes the folder it shows, then
+// chooses the file given, or cancels when it is empty.
+void Answer_Next_File_Dialog(QString* shown_folder, const QString& choice)
+{
+    auto* poll = new QTimer;
+    QObject::connect(poll, &QTimer::timeout, poll, [poll, shown_folder, choice] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        poll->deleteLater();
+        poll->stop();
+        *shown_folder = dialog->directory().absolutePath();
+        if (choice.isEmpty()) {
+            dialog->reject();
+            return;
+        }
+        dialog->selectFile(choice);
+        static_cast<QDialog*>(dialog)->accept();  // the dialog checks the choice as for a person
+    });
+    poll->start(20);
+}
+
+TEST(File_Dialogs, OpenInTheCurrentDirectoryWhichTheLastChoiceMoved)
+{
+    const QString saved = QDir::currentPath();
+    Orvane::Test::Temp_Folder folder;
+    ASSERT_TRUE(QDir(folder.Path()).mkpath("start") && QDir(folder.Path()).mkpath("films"));
+    const QString start = QDir(folder.File("start")).canonicalPath();
+    const QString films = QDir(folder.File("films")).canonicalPath();
+    folder.Write("films/a.avi", "x");
+    QDir::setCurrent(start);
+
+    Qt_Dialog_Provider provider;
+    CdlgEx dialog(provider);
+    dialog.Set_Filter("Films|*.avi");
+    QString shown;
+    Answer_Next_File_Dialog(&shown, films + "/a.avi");
+    dialog.ShowOpen();
+    EXPECT_EQ(shown, start);
+    ASSERT_FALSE(dialog.CancelError());
+    EXPECT_EQ(QDir::currentPath(), films);
+
+    Answer_Next_File_Dialog(&shown, QString());
+    dialog.ShowSave();
+    EXPECT_EQ(shown, films);
+    EXPECT_TRUE(dialog.CancelError());
+    QDir::setCurrent(saved);
+}
+
+} // namespace
+} // namespace Orvane
