@@ -24,7 +24,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFileInfo>
 #include <QScreen>
 #include <QWindow>
 
@@ -35,15 +34,15 @@ namespace {
 // The player bar's top stands this far above the bottom of the screen.
 constexpr int Player_Bottom_Margin = 150;
 
-QString Demo_Playlist(const QString& program_folder)
-{
-    return QDir(program_folder).filePath(QStringLiteral("demo/demo.orx"));
-}
-
 } // namespace
 
 Program::Program(const QString& program_folder, Dialog_Provider* dialogs)
-    : program_folder_(program_folder),
+    : Program(Portable_Program_Files(program_folder), dialogs)
+{
+}
+
+Program::Program(const Program_Files& files, Dialog_Provider* dialogs)
+    : files_(files),
       dialog_(dialogs ? *dialogs : static_cast<Dialog_Provider&>(qt_dialogs_))
 {
     player_window_ = std::make_unique<Frm_Player>();
@@ -76,7 +75,7 @@ Program::Program(const QString& program_folder, Dialog_Provider* dialogs)
     // The configuration window comes with its own work; until then the
     // button opens nothing.
     commands.Show_Configuration = [] {};
-    commands.Write_Config = [this] { Write_Config(program_folder_, settings_, state_.Volume_Level); };
+    commands.Write_Config = [this] { Write_Config(files_.Config_Folder, settings_, state_.Volume_Level); };
     commands.Quit_Application = [] { QApplication::quit(); };
     controls_ = std::make_unique<Player_Controls>(*context_, *session_, std::move(commands));
     unroll_ = std::make_unique<Player_Unroll>(*player_window_);
@@ -100,8 +99,11 @@ bool Program::Start(const QStringList& arguments)
 {
     Place_Player_Window();
     state_ = Playback_State();
-    if (!Read_Config(program_folder_, settings_, texts_))
+    // A failed copy leaves no file: the reader reports it and the start ends.
+    Provide_User_Config(files_);
+    if (!Read_Config_File(files_.Config_File(), files_.Language_Folder, settings_, texts_))
         return false;
+    first_start_ = Take_First_Start(files_);
     player_window_->Apply_Texts(texts_, graph_.Is_Open());
     playlist_window_->Apply_Texts(texts_);
 
@@ -162,13 +164,13 @@ void Program::Place_Player_Window()
 void Program::Open_Start_File(const QStringList& arguments)
 {
     std::optional<Command_Line_Request> request =
-        Parse_Command_Line(arguments, program_folder_, QDir::currentPath());
+        Parse_Command_Line(arguments, files_.Program_Folder, QDir::currentPath());
     if (!request) {
-        // A first start with nothing named shows the demo playlist the build made.
-        const QString demo = Demo_Playlist(program_folder_);
-        if (!arguments.isEmpty() || !QFileInfo::exists(demo))
+        // A user's first start with nothing named shows the demo playlist;
+        // later ones open an empty player.
+        if (!arguments.isEmpty() || !first_start_ || files_.Demo_Playlist.isEmpty())
             return;
-        request = Command_Line_Request{demo, true, false};
+        request = Command_Line_Request{files_.Demo_Playlist, true, false};
     }
     Command_Line_Openers openers;
     openers.Load_Playlist = [this](const QString& path) {
