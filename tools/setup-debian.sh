@@ -12,6 +12,7 @@ packages=(
   gstreamer1.0-plugins-base-apps
   libgtest-dev googletest
   xvfb xauth fonts-dejavu-core
+  desktop-file-utils appstream shared-mime-info libxml2-utils dpkg-dev file
 )
 
 missing=()

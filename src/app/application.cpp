@@ -1,7 +1,9 @@
 #include "app/application.h"
 
 #include "app/check_command.h"
+#include "app/command_options.h"
 #include "app/program.h"
+#include "app/program_files.h"
 #include "app/quit_signals.h"
 #include "player/player_controls.h"
 #include "ui/skin_resources.h"
@@ -14,14 +16,39 @@
 
 namespace Orvane {
 
+bool Prefer_X_Display(const QByteArray& qt_qpa_platform, const QByteArray& wayland_display,
+                      const QByteArray& x_display)
+{
+    return qt_qpa_platform.isEmpty() && !wayland_display.isEmpty() && !x_display.isEmpty();
+}
+
 int Run_Application(int argc, char** argv)
 {
-    if (argc > 1 && QByteArrayView(argv[1]) == "--check") {
-        QStringList arguments;
-        for (int i = 0; i < argc; ++i)
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        // GStreamer's own options are taken by gst_init below.
+        if (i == 0 || !QByteArrayView(argv[i]).startsWith("--gst-"))
             arguments << QString::fromLocal8Bit(argv[i]);
-        return Run_Check(arguments);
     }
+    // Decided before any application object: help, version and the check
+    // must work over a connection without a display.
+    const Command_Options options = Parse_Command_Options(arguments);
+    switch (options.What) {
+    case Command_Options::Action::Show_Help:
+    case Command_Options::Action::Show_Version:
+        std::fputs(options.Text.toLocal8Bit().constData(), stdout);
+        return Exit_Done;
+    case Command_Options::Action::Refuse:
+        std::fprintf(stderr, "orvane: %s (see orvane --help)\n", options.Text.toLocal8Bit().constData());
+        return Exit_Not_Understood;
+    case Command_Options::Action::Check_File:
+        return Run_Check(options.Check_File, options.Check_Language, arguments.value(0));
+    case Command_Options::Action::Start_Player:
+        break;
+    }
+
+    if (Prefer_X_Display(qgetenv("QT_QPA_PLATFORM"), qgetenv("WAYLAND_DISPLAY"), qgetenv("DISPLAY")))
+        qputenv("QT_QPA_PLATFORM", "xcb");
     if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
         && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         std::fprintf(stderr, "orvane: no display is available. To run it on a virtual X server:\n"
@@ -31,14 +58,13 @@ int Run_Application(int argc, char** argv)
     gst_init(&argc, &argv);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Orvane"));
+    QApplication::setDesktopFileName(QStringLiteral("org.orvane.Orvane"));
     Init_Skin_Resources();
     Apply_Skin_Style();
 
-    QStringList arguments = QApplication::arguments();
-    arguments.removeFirst();
-    Program program(QApplication::applicationDirPath());
+    Program program(Locate_Program_Files());
     const Quit_Signals quit_signals([&program] { program.Controls().Quit(); });
-    if (!program.Start(arguments))
+    if (!program.Start(options.Player_Arguments))
         return 1;
     return application.exec();
 }

@@ -1,6 +1,7 @@
 #include "app/check_command.h"
 
 #include "app/check_media_files.h"
+#include "app/program_files.h"
 
 #include "config/config_file.h"
 #include "config/settings.h"
@@ -59,7 +60,7 @@ int Check_Config_File(const Check_Request& request, QTextStream& out)
     Message_Box_Recorder recorder;
     Settings settings;
     Text_Table texts;
-    if (!Read_Config_File(request.file, QCoreApplication::applicationDirPath(), settings, texts))
+    if (!Read_Config_File(request.file, Locate_Program_Files().Language_Folder, settings, texts))
         return Report_Refusal(recorder, out);
     out << "OK\n"
           << "Language_Name: " << settings.Language_Name << '\n'
@@ -78,14 +79,16 @@ int Check_Config_File(const Check_Request& request, QTextStream& out)
 }
 
 // The language the program would load: the one named in the configuration
-// file beside the executable (filled as soon as the reader has passed its
-// language line, whatever happens after).
+// file it would read, the user's or, before their first start, the shipped
+// one (filled as soon as the reader has passed its language line, whatever
+// happens after).
 QString Configured_Language()
 {
     Message_Box_Recorder silence;
     Settings settings;
     Text_Table texts;
-    Read_Config(QCoreApplication::applicationDirPath(), settings, texts);
+    const Program_Files files = Locate_Program_Files();
+    Read_Config_File(files.Config_To_Read(), files.Language_Folder, settings, texts);
     return settings.Language_Name;
 }
 
@@ -103,22 +106,6 @@ int Check_Language_File(const Check_Request& request, QTextStream& out)
         out << Text_Number(record.number) << ' ' << texts.Get_Text(record.number) << '\n';
     out.flush();
     return Accepted;
-}
-
-std::optional<Check_Request> Parse_Request(const QStringList& arguments)
-{
-    Check_Request request;
-    for (qsizetype i = 2; i < arguments.size(); ++i) {
-        if (arguments[i] == QLatin1String("--language") && i + 1 < arguments.size())
-            request.language = arguments[++i];
-        else if (request.file.isEmpty())
-            request.file = arguments[i];
-        else
-            return std::nullopt;
-    }
-    if (request.file.isEmpty())
-        return std::nullopt;
-    return request;
 }
 
 int Dispatch(const Check_Request& request, QTextStream& out)
@@ -141,17 +128,12 @@ int Dispatch(const Check_Request& request, QTextStream& out)
 
 } // namespace
 
-int Run_Check(const QStringList& arguments)
+int Run_Check(const QString& file, const std::optional<QString>& language, const QString& program_name)
 {
-    const auto request = Parse_Request(arguments);
-    if (!request) {
-        QTextStream(stderr) << "usage: orvane --check FILE [--language NAME]" << Qt::endl;
-        return Not_Understood;
-    }
     // Fonts and the program's folder need an application object; the check
     // shows nothing, so it runs without a display.
     std::unique_ptr<QGuiApplication> application;
-    QByteArray program = arguments.value(0, QStringLiteral("orvane")).toLocal8Bit();
+    QByteArray program = program_name.toLocal8Bit();
     QByteArray platform_option = "-platform";
     QByteArray platform = "offscreen";
     int argc = 3;
@@ -159,7 +141,7 @@ int Run_Check(const QStringList& arguments)
     if (!QCoreApplication::instance())
         application = std::make_unique<QGuiApplication>(argc, argv);
     QTextStream out(stdout);
-    return Dispatch(*request, out);
+    return Dispatch(Check_Request{file, language}, out);
 }
 
 } // namespace Orvane

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QStringList>
+#include <QString>
+#include <optional>
 
 namespace Orvane {
 
@@ -9,13 +10,12 @@ namespace Orvane {
 // the reader understood ("OK" and the values) or "ERROR:" followed by the
 // text of the message box it would have shown, line feeds printed " / ".
 //   - "Lang.ini": the language file, for the language NAME (by default the
-//     language of the configuration file beside the executable);
-//   - any other "*.ini": a configuration file, with the language file beside
-//     the executable;
+//     language of the configuration file the player would read);
+//   - any other "*.ini": a configuration file, with the language file the
+//     player would load;
 //   - "*.sub", "*.orx", "*.m3u": subtitle and playlist files (check_media_files.h).
-// arguments are the whole command line, program name first. Returns 0 when
-// the file was accepted, 1 when it was refused, 2 when the command line is
-// not understood.
-int Run_Check(const QStringList& arguments);
+// Returns 0 when the file was accepted, 1 when it was refused, 2 when no
+// check exists for such a file.
+int Run_Check(const QString& file, const std::optional<QString>& language, const QString& program_name);
 
 } // namespace Orvane

@@ -1,4 +1,5 @@
 #include "app/check_media_files.h"
+#include "app/program_files.h"
 
 #include "base/time_text.h"
 #include "config/config_file.h"
@@ -25,9 +26,13 @@ enum Check_Status { Accepted = 0, Refused = 1 };
 // Used when no screen is there to measure (the check runs without a display).
 constexpr int Fallback_Screen_Width = 1280;
 
-QString Folder_Or_Program(const QString& program_folder)
+// The settings and texts the player would start with.
+bool Read_Program_Settings(const QString& program_folder, Settings& settings, Text_Table& texts)
 {
-    return program_folder.isEmpty() ? QCoreApplication::applicationDirPath() : program_folder;
+    if (!program_folder.isEmpty())
+        return Read_Config(program_folder, settings, texts);
+    const Program_Files files = Locate_Program_Files();
+    return Read_Config_File(files.Config_To_Read(), files.Language_Folder, settings, texts);
 }
 
 QString One_Line(QString text)
@@ -124,7 +129,7 @@ int Check_Subtitle_File(const QString& path, QTextStream& out, const QString& pr
     Message_Box_Recorder recorder;
     Settings settings;
     Text_Table texts;
-    if (!Read_Config(Folder_Or_Program(program_folder), settings, texts))
+    if (!Read_Program_Settings(program_folder, settings, texts))
         return Report_Refusal(recorder, out);
     Subtitle_Table table;
     if (!Load_Subtitles(path, settings, texts, Screen_Width(), table))
@@ -150,7 +155,7 @@ int Check_Playlist_File(const QString& path, QTextStream& out, const QString& pr
     Message_Box_Recorder recorder;
     Settings settings;
     Text_Table texts;
-    if (!Read_Config(Folder_Or_Program(program_folder), settings, texts))
+    if (!Read_Program_Settings(program_folder, settings, texts))
         return Report_Refusal(recorder, out);
     Recording_Target target(recorder);
     const Playlist_Load_Result result = Load_Playlist(path, settings, texts, target);

@@ -8,8 +8,8 @@ namespace Orvane {
 
 // The subtitle and playlist parts of `orvane --check FILE`. Each reads FILE
 // with the program's own reader, the settings and texts coming from the
-// orvan.ini and Lang.ini of program_folder (by default the executable's
-// folder), shows no window, prints what the reader understood and returns 0
+// orvan.ini and Lang.ini of program_folder (by default those the player
+// would read, program_files.h), shows no window, prints what the reader understood and returns 0
 // when the file was accepted, 1 when it was refused. A refusal prints
 // "ERROR:" followed by the text of the message box the program would have
 // shown, line feeds printed " / " ("ERROR:" alone when it would have shown none).

@@ -25,7 +25,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFileInfo>
 #include <QScreen>
 #include <QWindow>
 
@@ -36,15 +35,15 @@ namespace {
 // The player bar's top stands this far above the bottom of the screen.
 constexpr int Player_Bottom_Margin = 150;
 
-QString Demo_Playlist(const QString& program_folder)
-{
-    return QDir(program_folder).filePath(QStringLiteral("demo/demo.orx"));
-}
-
 } // namespace
 
 Program::Program(const QString& program_folder, Dialog_Provider* dialogs)
-    : program_folder_(program_folder),
+    : Program(Portable_Program_Files(program_folder), dialogs)
+{
+}
+
+Program::Program(const Program_Files& files, Dialog_Provider* dialogs)
+    : files_(files),
       dialog_(dialogs ? *dialogs : static_cast<Dialog_Provider&>(qt_dialogs_))
 {
     player_window_ = std::make_unique<Frm_Player>();
@@ -75,7 +74,7 @@ Program::Program(const QString& program_folder, Dialog_Provider* dialogs)
 
     Player_Commands commands;
     commands.Show_Configuration = [this] { Show_Configuration(); };
-    commands.Write_Config = [this] { Write_Config(program_folder_, settings_, state_.Volume_Level); };
+    commands.Write_Config = [this] { Write_Config(files_.Config_Folder, settings_, state_.Volume_Level); };
     // exit, not quit: quit first asks every window to close, and one that
     // refuses (the playlist window only hides) would cancel it. exit ends
     // every event loop, a modal box's too.
@@ -102,8 +101,11 @@ bool Program::Start(const QStringList& arguments)
 {
     Place_Player_Window();
     state_ = Playback_State();
-    if (!Read_Config(program_folder_, settings_, texts_))
+    // A failed copy leaves no file: the reader reports it and the start ends.
+    Provide_User_Config(files_);
+    if (!Read_Config_File(files_.Config_File(), files_.Language_Folder, settings_, texts_))
         return false;
+    first_start_ = Take_First_Start(files_);
     state_.Time_Mode = 1;
     Apply_All_Texts();
 
@@ -162,13 +164,13 @@ void Program::Place_Player_Window()
 void Program::Open_Start_File(const QStringList& arguments)
 {
     std::optional<Command_Line_Request> request =
-        Parse_Command_Line(arguments, program_folder_, QDir::currentPath());
+        Parse_Command_Line(arguments, files_.Program_Folder, QDir::currentPath());
     if (!request) {
-        // A first start with nothing named shows the demo playlist the build made.
-        const QString demo = Demo_Playlist(program_folder_);
-        if (!arguments.isEmpty() || !QFileInfo::exists(demo))
+        // A user's first start with nothing named shows the demo playlist;
+        // later ones open an empty player.
+        if (!arguments.isEmpty() || !first_start_ || files_.Demo_Playlist.isEmpty())
             return;
-        request = Command_Line_Request{demo, true, false};
+        request = Command_Line_Request{files_.Demo_Playlist, true, false};
     }
     Command_Line_Openers openers;
     openers.Load_Playlist = [this](const QString& path) {
@@ -198,7 +200,7 @@ void Program::Show_Configuration()
     Config_Confirm_Actions actions;
     actions.Reload_Language = [this](const QString& language) { return Reload_Language(language); };
     actions.Rebuild_Subtitles = [this] { subtitle_window_->Apply_Settings(); };
-    actions.Write_Config = [this] { Write_Config(program_folder_, settings_, state_.Volume_Level); };
+    actions.Write_Config = [this] { Write_Config(files_.Config_Folder, settings_, state_.Volume_Level); };
     config_window_ = std::make_unique<Frm_Config>(settings_, texts_, dialog_, std::move(actions),
                                                   [this] { return bool(state_.Subtitles_Shown); });
     config_window_->Set_Key_Forwarder([this](int key) { controls_->Gestion_KeyPress(key); });
@@ -218,7 +220,7 @@ void Program::Show_Configuration()
 bool Program::Reload_Language(const QString& language)
 {
     Text_Table reloaded;
-    if (!reloaded.Load_Language(program_folder_, language))
+    if (!reloaded.Load_Language(files_.Language_Folder, language))
         return false;
     texts_ = std::move(reloaded);
     Apply_All_Texts();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/player_hooks_relay.h"
+#include "app/program_files.h"
 #include "config/settings.h"
 #include "language/qt_translations.h"
 #include "language/text_table.h"
@@ -39,7 +40,9 @@ struct Player_Context;
 // and wires them together. One instance lives for the whole run.
 class Program {
 public:
-    // program_folder holds orvan.ini and Lang.ini.
+    // files says where orvan.ini, Lang.ini and the demo are.
+    explicit Program(const Program_Files& files, Dialog_Provider* dialogs = nullptr);
+    // A portable program: program_folder holds orvan.ini and Lang.ini.
     explicit Program(const QString& program_folder, Dialog_Provider* dialogs = nullptr);
     ~Program();
     Program(const Program&) = delete;
@@ -76,7 +79,8 @@ private:
     void Apply_All_Texts();
     int Screen_Width() const;
 
-    QString program_folder_;
+    Program_Files files_;
+    bool first_start_ = false;
     Settings settings_;
     Text_Table texts_;
     Qt_Translations qt_translations_;

@@ -412,6 +412,20 @@ def about_picture():
     b += f'  <rect x="156" y="94" width="{ww:.0f}" height="1" fill="{ACC}" opacity="0.5"/>\n'
     return svg(W, H, b, defs)
 
+# ---------------------------------------------------------------- application icon
+
+def app_icon():
+    """The desktop's icon: the splash picture's logo in the player's recessed display."""
+    S = 128
+    defs = LCD_DEFS + ('    <radialGradient id="halo" cx="0.5" cy="0.5" r="0.5">\n'
+                       f'      <stop offset="0" stop-color="{ACC}" stop-opacity="0.22"/>\n'
+                       f'      <stop offset="1" stop-color="{ACC}" stop-opacity="0"/>\n    </radialGradient>\n')
+    b = f'  <rect x="4" y="4" width="120" height="120" rx="26" fill="{EDGE}"/>\n'
+    b += recess(8, 8, 112, 112, 22)
+    b += '  <circle cx="64" cy="64" r="50" fill="url(#halo)"/>\n'
+    b += logo(64, 64, 34, 7)
+    return svg(S, S, b, defs)
+
 # ---------------------------------------------------------------- playlist window
 
 def playlist_background():
@@ -547,5 +561,7 @@ def main():
     write("button_close", round_key(18, "close", icon_scale=0.875))
     write("config_background", config_background())
     write("button_caption", caption_key(90, 28, 7))
+    with open(os.path.join(OUT, "..", "org.orvane.Orvane.svg"), "w") as f:
+        f.write(app_icon())
 
 main()
