@@ -32,6 +32,9 @@ namespace Orvane {
 
 namespace {
 
+// The language file's text that names its locale.
+constexpr int16_t Text_Locale_Code = 100;
+
 // The player bar's top stands this far above the bottom of the screen.
 constexpr int Player_Bottom_Margin = 150;
 
@@ -229,8 +232,10 @@ bool Program::Reload_Language(const QString& language)
 
 void Program::Apply_All_Texts()
 {
-    // Qt's own dialogs and boxes speak the same language.
-    qt_translations_.Install(settings_.Language_Name);
+    // Qt's own dialogs and boxes speak the same language: the language file
+    // names its locale, or the language's name is recognised.
+    const QString locale_code = texts_.Get_Text(Text_Locale_Code);
+    qt_translations_.Install(locale_code.isEmpty() ? settings_.Language_Name : locale_code);
     player_window_->Apply_Texts(texts_, graph_.Is_Open());
     playlist_window_->Apply_Texts(texts_);
     if (config_window_)

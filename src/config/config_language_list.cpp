@@ -20,6 +20,7 @@ Config_Language_List::Config_Language_List(QWidget* frame, Skin_Label* scroll, c
         name->setGeometry(28, line * Line_Height + 1, frame->width() - 34, Line_Height - 2);
         name->setFont(Skin_Palette::Label_Font(12));
         name->Set_Clickable(true);
+        name->Set_Button_Role(true);
         name->Set_Colors(Skin_Palette::Display_Text, Skin_Palette::Panel_Hover);
         name->setAccessibleName(language);
         // The mark follows the choice: a release on an option picks its
@@ -32,6 +33,7 @@ Config_Language_List::Config_Language_List(QWidget* frame, Skin_Label* scroll, c
     const bool needs_scrolling = list_->height() > frame->height();
     scroll->setVisible(needs_scrolling);
     scroll->Set_Clickable(needs_scrolling);
+    scroll->Set_Button_Role(true);
     connect(scroll, &Skin_Label::Clicked, this, [this] { Scroll(); });
     connect(this, &Config_Language_List::Chosen, this, &Config_Language_List::Mark);
 }

@@ -58,6 +58,7 @@ Skin_Label* Help(QWidget* parent, const QString& name, const QRect& place)
 Skin_Label* Clickable(Skin_Label* label, const QColor& color = Skin_Palette::Panel_Text)
 {
     label->Set_Clickable(true);
+    label->Set_Button_Role(true);
     label->Set_Colors(color, Skin_Palette::Panel_Hover);
     label->setCursor(Qt::PointingHandCursor);
     return label;

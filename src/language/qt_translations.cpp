@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QLibraryInfo>
+#include <QRegularExpression>
 
 namespace Orvane {
 
@@ -22,6 +23,13 @@ QString Plain(const QString& name)
 
 std::optional<QLocale> Locale_Of_Language(const QString& language_name)
 {
+    // A locale code as the language file gives it: "fr", "pt_BR".
+    static const QRegularExpression code(QStringLiteral("^[a-z]{2,3}([_-][A-Z]{2})?$"));
+    if (code.match(language_name.trimmed()).hasMatch()) {
+        const QLocale locale(language_name.trimmed());
+        if (locale.language() != QLocale::C)
+            return locale;
+    }
     const QString wanted = Plain(language_name);
     if (wanted.isEmpty())
         return std::nullopt;

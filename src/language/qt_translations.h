@@ -8,8 +8,9 @@
 
 namespace Orvane {
 
-// The locale of a language as the language file and the configuration name
-// it ("Français", "Francais", "English", "Deutsch"...): its name in English
+// The locale of a language: a locale code ("fr", "pt_BR", as the language
+// file gives it), or its name as the language file and the configuration
+// give it ("Français", "Francais", "English", "Deutsch"...): its name in English
 // or in itself, compared without case or accents. Nothing for a name no
 // language has.
 std::optional<QLocale> Locale_Of_Language(const QString& language_name);

@@ -6,6 +6,7 @@
 #include "base/time_text.h"
 #include "config/settings.h"
 #include "language/text_table.h"
+#include "subtitles/subtitle_shape.h"
 #include "subtitles/line_fit.h"
 #include "ui/message_box.h"
 
@@ -54,12 +55,10 @@ int Largest_Shown_Size()
 class Line_Layout {
 public:
     Line_Layout(const Settings& settings, int screen_width)
-        : font_(settings.Subtitle_Font_Name), settings_size_(settings.Subtitle_Font_Size),
+        : settings_(settings), settings_size_(settings.Subtitle_Font_Size),
           start_size_(std::min<int>(settings.Subtitle_Font_Size, Largest_Shown_Size())),
           screen_width_(screen_width)
     {
-        font_.setBold(settings.Subtitle_Font_Bold);
-        font_.setItalic(settings.Subtitle_Font_Italic);
     }
 
     struct Placed {
@@ -81,15 +80,13 @@ public:
     }
 
 private:
-    int Width_At(const QString& line, int size)
+    // Measured with the very font the subtitle window draws with.
+    int Width_At(const QString& line, int size) const
     {
-        // A size of zero or less cannot be set on a font; such a setting
-        // measures as the smallest font there is.
-        font_.setPointSize(size > 0 ? size : 1);
-        return QFontMetrics(font_).horizontalAdvance(line);
+        return QFontMetrics(Subtitle_Shape::Subtitle_Font(settings_, size)).horizontalAdvance(line);
     }
 
-    QFont font_;
+    const Settings& settings_;
     int settings_size_;
     int start_size_;
     int screen_width_;

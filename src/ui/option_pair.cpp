@@ -1,5 +1,6 @@
 #include "ui/option_pair.h"
 
+#include "ui/skin_accessibility.h"
 #include "ui/skin_picture.h"
 
 #include <QMouseEvent>
@@ -10,6 +11,7 @@ Option_Pair::Option_Pair(const QString& name, QWidget* parent)
     : QWidget(parent), box_(new Skin_Picture(QStringLiteral("option_box"), this)),
       mark_(new Skin_Picture(QStringLiteral("option_mark"), this))
 {
+    Ensure_Skin_Accessibility();
     setObjectName(name);
     box_->setObjectName(name + QStringLiteral("_0"));
     mark_->setObjectName(name + QStringLiteral("_1"));

@@ -1,5 +1,6 @@
 #include "ui/skin_accessibility.h"
 
+#include "ui/option_pair.h"
 #include "ui/picture_button.h"
 #include "ui/skin_label.h"
 #include "ui/skin_picture.h"
@@ -94,8 +95,35 @@ private:
     }
 };
 
+// An option of the skin: a check box named by its caption, checked while its
+// mark shows; pressing it does what a release on it does.
+class Option_Accessible : public QAccessibleWidget {
+public:
+    explicit Option_Accessible(Option_Pair* option) : QAccessibleWidget(option, QAccessible::CheckBox) {}
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = true;
+        state.checked = static_cast<const Option_Pair*>(widget())->Is_On();
+        return state;
+    }
+
+    QStringList actionNames() const override { return {toggleAction()}; }
+
+    void doAction(const QString& action) override
+    {
+        if ((action == toggleAction() || action == pressAction()) && widget()->isEnabled())
+            static_cast<Option_Pair*>(widget())->Toggle();
+    }
+
+    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+};
+
 QAccessibleInterface* Skin_Interface(const QString& class_name, QObject* object)
 {
+    if (class_name == QLatin1String(Option_Pair::staticMetaObject.className()))
+        return new Option_Accessible(static_cast<Option_Pair*>(object));
     if (class_name == QLatin1String(Picture_Button::staticMetaObject.className()))
         return new Pressable_Accessible<Picture_Button>(static_cast<Picture_Button*>(object));
     if (class_name == QLatin1String(Skin_Label::staticMetaObject.className())) {

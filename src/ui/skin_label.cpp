@@ -31,8 +31,10 @@ void Skin_Label::Set_Colors(const QColor& normal, const QColor& hovered)
 
 void Skin_Label::Press()
 {
-    if (clickable_ && isEnabled())
-        emit Clicked();
+    if (!clickable_ || !isEnabled())
+        return;
+    emit Left_Pressed();
+    emit Clicked();
 }
 
 void Skin_Label::paintEvent(QPaintEvent*)

@@ -6,7 +6,12 @@
 #include "player/frm_player.h"
 #include "player/playback_session.h"
 #include "player/player_controls.h"
+#include "config/config_language_list.h"
+#include "config/frm_config.h"
+#include "playlist/frm_playlist.h"
 #include "playlist/playlist_model.h"
+#include "ui/picture_button.h"
+#include "ui/skin_label.h"
 #include "subtitles/frm_subtitle.h"
 #include "support/generated_media.h"
 #include "support/temp_folder.h"
@@ -167,6 +172,29 @@ TEST_F(Program_Test, RemainingTimeAfterNextCountsDownFromTheNewTracksLength)
         EXPECT_LE(seconds, previous) << shown.join(u' ').toStdString();
         previous = seconds;
     }
+}
+
+TEST_F(Program_Test, TheGearButtonsWindowSwitchesEveryWindowToEnglishAndSavesIt)
+{
+    Program program(folder.Path());
+    ASSERT_TRUE(program.Start({}));
+    ASSERT_EQ(program.Player_Window().Img_Btn(1)->toolTip(), "Lecture");
+
+    program.Controls().Button_Click(Button_Configuration);
+    Frm_Config* window = program.Config_Window();
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->isVisible());
+    window->Languages().Name_Label(1)->Press();  // "English"
+    window->Button_Released(0);
+
+    EXPECT_EQ(program.Current_Settings().Language_Name, "English");
+    EXPECT_EQ(program.Player_Window().Img_Btn(1)->toolTip(), "Play");
+    EXPECT_EQ(program.Player_Window().Lbl_Indic_Type_Temps()->text(), "Elapsed time");
+    EXPECT_EQ(program.Playlist_Window().findChild<Skin_Label*>("Lbl_Duree")->text(), "Duration:");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return program.Config_Window() == nullptr; }, 2000)) << "unloaded";
+    program.Controls().Button_Click(Button_Configuration);
+    EXPECT_EQ(program.Config_Window()->windowTitle(), "Settings");
+    EXPECT_TRUE(folder.Read("orvan.ini").contains("[LANGUE]\r\nEnglish\r\n")) << "the save option is on";
 }
 
 } // namespace
