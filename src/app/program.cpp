@@ -22,6 +22,7 @@
 #include "subtitles/subtitle_reader.h"
 #include "ui/frm_about.h"
 #include "ui/frm_rien.h"
+#include "ui/window_shell.h"
 
 #include <QApplication>
 #include <QDir>
@@ -211,11 +212,9 @@ void Program::Show_Configuration()
         // Made anew at each opening; it goes once its own handler has returned.
         config_window_.release()->deleteLater();
     });
-    if (const QScreen* screen = player_window_->screen()) {
-        const QRect area = screen->availableGeometry();
-        config_window_->move(area.center() - config_window_->rect().center());
-    }
-    config_window_->show();
+    const QScreen* screen = player_window_->screen();
+    const QRect area = screen ? screen->availableGeometry() : QRect(QPoint(0, 0), config_window_->size());
+    Show_At(config_window_.get(), area.center() - config_window_->rect().center());
     config_window_->raise();
     config_window_->activateWindow();
 }

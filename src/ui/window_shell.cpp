@@ -1,5 +1,7 @@
 #include "ui/window_shell.h"
 
+#include <QTimer>
+
 #include <QApplication>
 #include <QCursor>
 #include <QKeyEvent>
@@ -117,6 +119,17 @@ bool Is_Modifier_Only(int key)
 {
     return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt || key == Qt::Key_Meta
         || key == Qt::Key_AltGr || key == Qt::Key_CapsLock || key == Qt::Key_NumLock;
+}
+
+void Show_At(QWidget* form, QPoint top_left)
+{
+    form->move(top_left);
+    form->show();
+    QPointer<QWidget> shown = form;
+    QTimer::singleShot(0, form, [shown, top_left] {
+        if (shown && shown->pos() != top_left)
+            shown->move(top_left);
+    });
 }
 
 } // namespace Orvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPoint>
 #include <QRegion>
 #include <QSize>
 
@@ -24,6 +25,11 @@ void Shape_Window(QWidget* form, int corner);
 // title bar had been pressed: the system's own move when it offers one,
 // otherwise the window follows the mouse until the button is released.
 void Drag_Window(QWidget* form);
+
+// Shows a window with its top left corner at a place of the screen. Some
+// window managers place a window they map themselves and only honour a move
+// asked once it is mapped: the place is asked again then.
+void Show_At(QWidget* form, QPoint top_left);
 
 // The character code every window hands to the player's keyboard dispatcher:
 // the first character of the key's text, 0 for a key without text.
