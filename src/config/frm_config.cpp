@@ -139,12 +139,7 @@ void Frm_Config::Build_Subtitle_Pane()
     });
     captions_[Color_Help] = Help(this, QStringLiteral("Lbl_Aide_ST"), QRect(Left_Column, 214, Column_Width, 14));
 
-    option_sub_ = new Option_Pair(QStringLiteral("Img_Option_Sub"), this);
-    option_sub_->move(Left_Column, 236);
-    captions_[Transparent_Caption] =
-        Clickable(Text(this, QStringLiteral("Lbl_Option_Sub"), QRect(Left_Column + 20, 235, Column_Width - 20, 16)));
-    connect(captions_[Transparent_Caption], &Skin_Label::Clicked, option_sub_, &Option_Pair::Toggle);
-    connect(option_sub_, &Option_Pair::Toggled, this, [this](bool on) { form_.Transparent = on; });
+    option_sub_ = Add_Option(QStringLiteral("Sub"), {Left_Column, 235}, Transparent_Caption, &Config_Form::Transparent);
     captions_[Transparent_Help] = Help(this, QStringLiteral("Lbl_Aide_ST2"), QRect(Left_Column, 254, Column_Width, 30));
 }
 
@@ -162,12 +157,7 @@ void Frm_Config::Build_Other_Panes()
             [this](const QString& language) { Choose_Language(form_, language); });
 
     captions_[Playlist_Pane] = Heading(this, QStringLiteral("Lbl_Playlist"), {Right_Column, 146});
-    option_playlist_ = new Option_Pair(QStringLiteral("Img_Option_Playlist1"), this);
-    option_playlist_->move(Right_Column, 166);
-    captions_[Repeat_Caption] =
-        Clickable(Text(this, QStringLiteral("Lbl_Option_Playlist"), QRect(Right_Column + 20, 165, Column_Width - 20, 16)));
-    connect(captions_[Repeat_Caption], &Skin_Label::Clicked, option_playlist_, &Option_Pair::Toggle);
-    connect(option_playlist_, &Option_Pair::Toggled, this, [this](bool on) { form_.Repeat = on; });
+    option_playlist_ = Add_Option(QStringLiteral("Playlist1"), {Right_Column, 165}, Repeat_Caption, &Config_Form::Repeat);
 
     captions_[Drive_Pane] = Heading(this, QStringLiteral("Lbl_Lecteurs"), {Right_Column, 188});
     captions_[CD1_Chooser] = lbl_cd1_ =
@@ -190,12 +180,20 @@ void Frm_Config::Build_Other_Panes()
     captions_[Drive_Help] = Help(this, QStringLiteral("Lbl_aide_CD2"), QRect(Right_Column, 243, Column_Width, 18));
 
     captions_[Settings_Pane] = Heading(this, QStringLiteral("Lbl_Parametres"), {Right_Column, 262});
-    option_param_ = new Option_Pair(QStringLiteral("Img_Option_Param1"), this);
-    option_param_->move(Right_Column, 282);
-    captions_[Save_Caption] =
-        Clickable(Text(this, QStringLiteral("Lbl_Option_Param"), QRect(Right_Column + 20, 281, Column_Width - 20, 16)));
-    connect(captions_[Save_Caption], &Skin_Label::Clicked, option_param_, &Option_Pair::Toggle);
-    connect(option_param_, &Option_Pair::Toggled, this, [this](bool on) { form_.Save = on; });
+    option_param_ = Add_Option(QStringLiteral("Param1"), {Right_Column, 281}, Save_Caption, &Config_Form::Save);
+}
+
+Option_Pair* Frm_Config::Add_Option(const QString& name, QPoint at, int caption, bool Config_Form::*field)
+{
+    auto* option = new Option_Pair(QStringLiteral("Img_Option_") + name, this);
+    option->move(at + QPoint(0, 1));
+    // The caption beside the box toggles it too, as a check box's does.
+    Skin_Label* label = Clickable(
+        Text(this, QStringLiteral("Lbl_Option_") + name, QRect(at + QPoint(20, 0), QSize(Column_Width - 20, 16))));
+    captions_[std::size_t(caption)] = label;
+    connect(label, &Skin_Label::Clicked, option, &Option_Pair::Toggle);
+    connect(option, &Option_Pair::Toggled, this, [this, field](bool on) { form_.*field = on; });
+    return option;
 }
 
 void Frm_Config::Build_Buttons()

@@ -77,6 +77,9 @@ private:
     void Build_Subtitle_Pane();
     void Build_Other_Panes();
     void Build_Buttons();
+    // An option pair at a place with its caption (captions_[caption]) beside
+    // it, both editing one field of the form.
+    Option_Pair* Add_Option(const QString& name, QPoint at, int caption, bool Config_Form::*field);
     void Show_Form();
     void Show_Font_Sample();
     void Show_Drives();

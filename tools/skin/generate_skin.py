@@ -428,9 +428,9 @@ def app_icon():
 
 # ---------------------------------------------------------------- playlist window
 
-def playlist_background():
-    W, H = 420, 480
-    defs = (vgrad("body", [(0, "#474d57", None), (0.08, "#3a3f47", None), (0.5, "#2c3036", None), (1, "#202328", None)])
+def panel_body(W, H, shade_at):
+    """The brushed graphite body of a skinned window, its rim and its logo."""
+    defs = (vgrad("body", [(0, "#474d57", None), (shade_at, "#3a3f47", None), (0.5, "#2c3036", None), (1, "#202328", None)])
             + vgrad("rimv", [(0, "#ffffff", 0.34), (0.06, "#ffffff", 0.08), (0.4, "#ffffff", 0.02), (1, "#ffffff", 0.0)])
             + LCD_DEFS)
     b = f'  <rect x="0" y="0" width="{W}" height="{H}" rx="15" fill="{EDGE}"/>\n'
@@ -438,8 +438,13 @@ def playlist_background():
     for i, yy in enumerate(range(4, H - 4, 3)):
         b += f'  <rect x="1" y="{yy}" width="{W - 2}" height="1" fill="#ffffff" opacity="{0.018 if i % 2 else 0.028}"/>\n'
     b += f'  <rect x="1.5" y="1.5" width="{W - 3}" height="{H - 3}" rx="13.5" fill="none" stroke="url(#rimv)" stroke-width="1"/>\n'
-    # title strip
     b += logo(22, 17, 7, 1.8, glow=False)
+    return defs, b
+
+def playlist_background():
+    W, H = 420, 480
+    defs, b = panel_body(W, H, 0.08)
+    # title strip
     mh = 10
     b += wordmark(38, 12, mh, "#000000", 1.8, opacity=0.5)
     b += wordmark(38, 11.5, mh, "#8e98a3", 1.8)
@@ -488,15 +493,7 @@ CONFIG_W, CONFIG_H = 520, 346
 
 def config_background():
     W, H = CONFIG_W, CONFIG_H
-    defs = (vgrad("body", [(0, "#474d57", None), (0.1, "#3a3f47", None), (0.5, "#2c3036", None), (1, "#202328", None)])
-            + vgrad("rimv", [(0, "#ffffff", 0.34), (0.06, "#ffffff", 0.08), (0.4, "#ffffff", 0.02), (1, "#ffffff", 0.0)])
-            + LCD_DEFS)
-    b = f'  <rect x="0" y="0" width="{W}" height="{H}" rx="15" fill="{EDGE}"/>\n'
-    b += f'  <rect x="1" y="1" width="{W - 2}" height="{H - 2}" rx="14" fill="url(#body)"/>\n'
-    for i, yy in enumerate(range(4, H - 4, 3)):
-        b += f'  <rect x="1" y="{yy}" width="{W - 2}" height="1" fill="#ffffff" opacity="{0.018 if i % 2 else 0.028}"/>\n'
-    b += f'  <rect x="1.5" y="1.5" width="{W - 3}" height="{H - 3}" rx="13.5" fill="none" stroke="url(#rimv)" stroke-width="1"/>\n'
-    b += logo(22, 17, 7, 1.8, glow=False)
+    defs, b = panel_body(W, H, 0.1)
     b += f'  <rect x="12" y="33" width="{W - 24}" height="1" fill="#000000" opacity="0.45"/>\n'
     b += f'  <rect x="12" y="34" width="{W - 24}" height="1" fill="#ffffff" opacity="0.07"/>\n'
     # the font sample and the language list sit on the display glass
