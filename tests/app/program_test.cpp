@@ -174,6 +174,19 @@ TEST_F(Program_Test, RemainingTimeAfterNextCountsDownFromTheNewTracksLength)
     }
 }
 
+TEST_F(Program_Test, APlaylistWhoseSubtitleFileIsDamagedKeepsItsTrackAndSaysWhy)
+{
+    const QString media = Orvane::Test::Media().Avi_One_Stream;
+    folder.Write("bad.sub", "[TITLE]\r\nFilm\r\n[BEGIN]\r\n***\r\n[00:00:05]\r\nB\r\n[00:00:01]\r\nA\r\n[END]\r\n");
+    folder.Write("film.orx", ("#EXTORX\r\n#TRACK\r\nTitre=Film\r\nMedia=" + media + "\r\nAudio=\r\nSousT="
+                              + folder.File("bad.sub") + "\r\n").toUtf8());
+    Program program(folder.Path());
+    ASSERT_TRUE(program.Start({folder.File("film.orx")}));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return program.Model().Track_Count() == 1; }, 5000));
+    ASSERT_EQ(boxes.Boxes().size(), 1u);
+    EXPECT_TRUE(boxes.Last_Text().contains("00:00:01")) << boxes.Last_Text().toStdString();
+}
+
 TEST_F(Program_Test, TheGearButtonsWindowSwitchesEveryWindowToEnglishAndSavesIt)
 {
     Program program(folder.Path());
