@@ -20,9 +20,8 @@ Config_Language_List::Config_Language_List(QWidget* frame, Skin_Label* scroll, c
         name->setGeometry(28, line * Line_Height + 1, frame->width() - 34, Line_Height - 2);
         name->setFont(Skin_Palette::Label_Font(12));
         name->Set_Clickable(true);
-        name->Set_Button_Role(true);
         name->Set_Colors(Skin_Palette::Display_Text, Skin_Palette::Panel_Hover);
-        name->setAccessibleName(language);
+        option->setAccessibleName(language);  // the option stands for the line
         // The mark follows the choice: a release on an option picks its
         // language rather than toggling it.
         connect(option, &Option_Pair::Toggled, this, [this, language] { emit Chosen(language); });

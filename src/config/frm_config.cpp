@@ -190,6 +190,7 @@ Option_Pair* Frm_Config::Add_Option(const QString& name, QPoint at, int caption,
     // The caption beside the box toggles it too, as a check box's does.
     Skin_Label* label = Clickable(
         Text(this, QStringLiteral("Lbl_Option_") + name, QRect(at + QPoint(20, 0), QSize(Column_Width - 20, 16))));
+    label->Set_Button_Role(false);  // the check box carries the caption as its name
     captions_[std::size_t(caption)] = label;
     connect(label, &Skin_Label::Clicked, option, &Option_Pair::Toggle);
     connect(option, &Option_Pair::Toggled, this, [this, field](bool on) { form_.*field = on; });
