@@ -121,7 +121,8 @@ TEST_F(Playback_Session_Test, Tick_Pause_And_The_End_Of_The_Only_Track)
     graph.position = 60.0;
     session.Tick();  // repeat off: stopped at the start
     EXPECT_FALSE(session.Timer().isActive());
-    EXPECT_EQ(graph.position + view.Cursor_Left(), 0.0);
+    EXPECT_EQ(graph.position, 0.0);
+    EXPECT_EQ(view.Cursor_Left(), 0);
     EXPECT_EQ(view.Time_Text(), "00:00:00");
     EXPECT_EQ(journal.Only({"Show", "Stop"}), QStringList({"Show_Subtitle(|,1)", "Stop"}));
 }
