@@ -203,7 +203,7 @@ void Program::Show_Configuration()
     }
     Config_Confirm_Actions actions;
     actions.Reload_Language = [this](const QString& language) { return Reload_Language(language); };
-    actions.Rebuild_Subtitles = [this] { subtitle_window_->Apply_Settings(); };
+    actions.Rebuild_Subtitles = [this] { Rebuild_Subtitle_Window(); };
     actions.Write_Config = [this] { Write_Config(files_.Config_Folder, settings_, state_.Volume_Level); };
     config_window_ = std::make_unique<Frm_Config>(settings_, texts_, dialog_, std::move(actions),
                                                   [this] { return bool(state_.Subtitles_Shown); });
@@ -217,6 +217,16 @@ void Program::Show_Configuration()
     Show_At(config_window_.get(), area.center() - config_window_->rect().center());
     config_window_->raise();
     config_window_->activateWindow();
+}
+
+void Program::Rebuild_Subtitle_Window()
+{
+    // The lines were laid out for the old font: the current track's file is
+    // read again so that they are centred and sized for the new one.
+    const Track_Record* track = Current_Track_Record(*context_);
+    if (track && !track->Subtitle_Path.isEmpty())
+        state_.Subtitles_Loaded = subtitle_source_->Load(track->Subtitle_Path);
+    subtitle_window_->Apply_Settings();
 }
 
 bool Program::Reload_Language(const QString& language)

@@ -76,6 +76,7 @@ private:
     void Open_Start_File(const QStringList& arguments);
     void Show_About();
     bool Reload_Language(const QString& language);
+    void Rebuild_Subtitle_Window();
     void Apply_All_Texts();
     int Screen_Width() const;
 

@@ -15,6 +15,7 @@
 #include "subtitles/frm_subtitle.h"
 #include "support/generated_media.h"
 #include "support/temp_folder.h"
+#include "ui/dialog_scripted_provider.h"
 #include "ui/message_box.h"
 #include "ui/skin_resources.h"
 
@@ -114,7 +115,8 @@ TEST_F(Program_Test, TheSubtitleButtonShowsTheLinesAtTheirTimeOverThePicture)
                              "[00:00:02]\r\n\r\n[END]\r\n");
     folder.Write("film.orx", ("#EXTORX\r\n#TRACK\r\nTitre=Film\r\nMedia=" + media + "\r\nAudio=\r\nSousT="
                               + folder.File("film.sub") + "\r\n").toUtf8());
-    Program program(folder.Path());
+    Scripted_Dialog_Provider dialogs;
+    Program program(folder.Path(), &dialogs);
     Start(program, {folder.File("film.orx"), QStringLiteral("/play")});
     ASSERT_TRUE(program.State().Subtitles_Loaded);
 
@@ -125,6 +127,14 @@ TEST_F(Program_Test, TheSubtitleButtonShowsTheLinesAtTheirTimeOverThePicture)
     EXPECT_EQ(program.Player_Window().Time_Text(), "00:00:01");
     // The empty entry at 00:00:02 clears the window again.
     ASSERT_TRUE(QTest::qWaitFor([&] { return window.Shape().isEmpty(); }, 4000));
+
+    // A larger font chosen in the configuration window reaches the shown window.
+    const int height = window.height();
+    dialogs.Queue_Font(Font_Choice{"DejaVu Sans", 40});
+    program.Controls().Button_Click(Button_Configuration);
+    program.Config_Window()->Lbl_ST()->Press();
+    program.Config_Window()->Button_Released(0);
+    EXPECT_GT(window.height(), height);
     program.Controls().Button_Click(Button_Subtitles);
     EXPECT_FALSE(window.isVisible());
     EXPECT_TRUE(boxes.Boxes().empty()) << boxes.Last_Text().toStdString();
