@@ -60,11 +60,12 @@ Program::Program(const Program_Files& files, Dialog_Provider* dialogs)
     display_control_ = std::make_unique<Layout_Display_Control>(*display_layout_);
 
     model_ = std::make_unique<Playlist_Model>(
-        analyser_, state_, hooks_relay_, subtitle_table_, texts_,
+        *analyser_, state_, hooks_relay_, subtitle_table_, texts_,
         [this](const QString& path) {
             return Load_Subtitles(path, settings_, texts_, Screen_Width(), subtitle_table_);
         });
     playlist_window_ = std::make_unique<Frm_PlayList>(*model_, state_, dialog_, settings_, texts_);
+    playlist_window_->Batch().Use_Analyser(analyser_);
     track_source_ = std::make_unique<Playlist_Track_Source>(*model_);
     subtitle_source_ = std::make_unique<Subtitle_Table_Source>(
         subtitle_table_, settings_, texts_, state_, *track_source_, [this] { return Screen_Width(); });
@@ -177,12 +178,20 @@ void Program::Open_Start_File(const QStringList& arguments)
         request = Command_Line_Request{files_.Demo_Playlist, true, false};
     }
     Command_Line_Openers openers;
-    openers.Load_Playlist = [this](const QString& path) {
-        playlist_window_->Batch().Load(path, settings_, texts_);
+    // Both go through the playlist window's batch, so the window answers
+    // while the file is analysed; done follows the batch's end.
+    openers.Load_Playlist = [this](const QString& path, std::function<void()> done) {
+        Playlist_Window_Batch& batch = playlist_window_->Batch();
+        QObject::connect(&batch, &Playlist_Window_Batch::Finished, &batch, std::move(done),
+                         Qt::SingleShotConnection);
+        batch.Load(path, settings_, texts_);
     };
-    openers.Add_Media = [this](const QString& path) {
-        model_->Add_Track(path, {}, false, Name_From_Path(path), 1, 0);
-        return model_->Last_Added_Track();
+    openers.Add_Media = [this](const QString& path, std::function<void(int)> done) {
+        Playlist_Window_Batch& batch = playlist_window_->Batch();
+        QObject::connect(
+            &batch, &Playlist_Window_Batch::Finished, &batch,
+            [this, done = std::move(done)] { done(model_->Last_Added_Track()); }, Qt::SingleShotConnection);
+        batch.Add_Files({path}, 0, &Name_From_Path);
     };
     Open_Command_Line_File(*request, openers, *session_);
 }

@@ -88,7 +88,8 @@ private:
     Playback_State state_;
     Subtitle_Table subtitle_table_;
     Gst_Media_Graph graph_;
-    Gst_Media_Analyser analyser_;
+    // Shared with the analysis threads, which may outlive the program's windows.
+    std::shared_ptr<Gst_Media_Analyser> analyser_ = std::make_shared<Gst_Media_Analyser>();
     Qt_Dialog_Provider qt_dialogs_;
     CdlgEx dialog_;
     Player_Hooks_Relay hooks_relay_;

@@ -1,5 +1,6 @@
 #include "media/gst_media_analyser.h"
 
+#include "base/file_kind.h"
 #include "media/gst_walk.h"
 #include "media/media_kind.h"
 #include "media/parsed_length.h"
@@ -177,7 +178,8 @@ QStringList Gst_Media_Analyser::Element_Names(GstBin* pipeline)
 
 std::optional<Media_Analysis> Gst_Media_Analyser::Analyse_Media(const QString& path)
 {
-    if (!QFile::exists(path))
+    // filesrc would wait in its open for a named pipe's writer, for ever.
+    if (!Is_Regular_File(path))
         return std::nullopt;
     Analysis_Pipeline pipeline(path);
     if (!pipeline.Preroll(time_limit_))

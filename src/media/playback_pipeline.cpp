@@ -1,4 +1,5 @@
 #include "media/playback_pipeline.h"
+#include "base/file_kind.h"
 
 #include "media/audio_output.h"
 #include "media/gst_walk.h"
@@ -98,7 +99,9 @@ std::unique_ptr<Playback_Pipeline> Playback_Pipeline::Open(const QString& path, 
 
 bool Playback_Pipeline::Build(const QString& path, bool& no_audio_device_reported, QString& error)
 {
-    if (!QFileInfo(path).isReadable()) {
+    // A named pipe or a device is refused like an unreadable file: filesrc
+    // would wait in its open, and the window with it.
+    if (!QFileInfo(path).isReadable() || !Is_Regular_File(path)) {
         error = QStringLiteral("Cannot read \"%1\"").arg(path);
         return false;
     }
@@ -265,7 +268,9 @@ Element_Ref Playback_Pipeline::Find_Splitter() const
 
 Pad_Ref Playback_Pipeline::Add_Associated_Audio(const QString& path, Duration_Limit limit, QString& error)
 {
-    if (!QFileInfo(path).isReadable()) {
+    // A named pipe or a device is refused like an unreadable file: filesrc
+    // would wait in its open, and the window with it.
+    if (!QFileInfo(path).isReadable() || !Is_Regular_File(path)) {
         error = QStringLiteral("Cannot read \"%1\"").arg(path);
         return nullptr;
     }

@@ -45,16 +45,18 @@ std::optional<Command_Line_Request> Parse_Command_Line(const QStringList& argume
 void Open_Command_Line_File(const Command_Line_Request& request, const Command_Line_Openers& openers,
                             Playback_Session& session)
 {
-    int added_track = 0;
+    const bool play_now = request.Play_Now;
+    const auto play = [&session, play_now](int added_track) {
+        if (play_now && added_track >= 1)
+            session.Play_Track_Number(added_track);
+    };
     if (request.Is_Playlist) {
         if (openers.Load_Playlist)
-            openers.Load_Playlist(request.File);
-        added_track = session.Context().tracks.Track_Count() >= 1 ? 1 : 0;
+            openers.Load_Playlist(request.File,
+                                  [&session, play] { play(session.Context().tracks.Track_Count() >= 1 ? 1 : 0); });
     } else if (openers.Add_Media) {
-        added_track = openers.Add_Media(request.File);
+        openers.Add_Media(request.File, play);
     }
-    if (request.Play_Now && added_track >= 1)
-        session.Play_Track_Number(added_track);
 }
 
 } // namespace Orvane

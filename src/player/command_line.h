@@ -24,15 +24,17 @@ std::optional<Command_Line_Request> Parse_Command_Line(const QStringList& argume
                                                        const QString& program_folder,
                                                        const QString& current_directory);
 
-// How the playlist module opens the file.
+// How the playlist module opens the file. Each calls done once the file's
+// tracks are in (they may be analysed while the event loop runs).
 struct Command_Line_Openers {
-    std::function<void(const QString& path)> Load_Playlist;
-    // Adds a media file; the number of the track added, 0 when it was not added.
-    std::function<int(const QString& path)> Add_Media;
+    std::function<void(const QString& path, std::function<void()> done)> Load_Playlist;
+    // done gets the number of the track added, 0 when it was not added.
+    std::function<void(const QString& path, std::function<void(int track)> done)> Add_Media;
 };
 
 // A playlist is loaded, a media file added; with the switch, the track
-// added (the playlist's first) is played at once.
+// added (the playlist's first) is played once it is there. The session
+// must outlive the openers' work.
 void Open_Command_Line_File(const Command_Line_Request& request, const Command_Line_Openers& openers,
                             Playback_Session& session);
 

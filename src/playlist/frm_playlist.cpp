@@ -362,8 +362,7 @@ void Frm_PlayList::Add_Associated_Audio()
     const int track = model_.Selected_Track();
     if (track == 0 || batch_->Is_Busy())
         return;
-    for (const QString& path : Ask_Open(filters_.Filter_Audio, Open_Several_Files))
-        model_.Associate_Audio(track, path, Name_From_Path(path));
+    batch_->Associate_Audio(track, Ask_Open(filters_.Filter_Audio, Open_Several_Files));
 }
 
 void Frm_PlayList::Remove_Associated_Audio()

@@ -86,7 +86,7 @@ private:
             if (subtitle.size() > 6)
                 target_.Associate_Subtitle(Slashed(subtitle));
             else if (!subtitle.isEmpty())
-                Message_Box(texts_.Get_Text(1208), Box_Style::Critical_Ok);
+                target_.Show_Error(texts_.Get_Text(1208));
         }
     }
 
@@ -177,9 +177,8 @@ Playlist_Load_Result Load_Playlist(const QString& file_name, const Settings& set
     try {
         return Playlist_File_Reader(file_name, settings, texts, target).Read();
     } catch (const Reader_Error& error) {
-        Message_Box(QFileInfo(file_name).fileName() + u'\n' + QString::number(error.Number())
-                        + QStringLiteral(", ") + error.Description(),
-                    Box_Style::Critical_Ok);
+        target.Show_Error(QFileInfo(file_name).fileName() + u'\n' + QString::number(error.Number())
+                          + QStringLiteral(", ") + error.Description());
         return Playlist_Load_Result::Failed;
     }
 }

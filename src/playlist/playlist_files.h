@@ -24,6 +24,8 @@ public:
     virtual void Associate_Subtitle(const QString& subtitle_path) = 0;
     // A key line of the own format is not the one expected (line_number from 1).
     virtual void Beep([[maybe_unused]] int line_number) { Orvane::Beep(); }
+    // A critical box of the loader (a short subtitle path, a file that could not be read).
+    virtual void Show_Error(const QString& text) { Message_Box(text, Box_Style::Critical_Ok); }
 };
 
 // Writes tracks 1..list_count of the playlist array (element 0 holds no

@@ -45,13 +45,26 @@ QString Total_Duration_Text(long long whole)
         .arg(whole % 60, 2, 10, QLatin1Char('0'));
 }
 
+// Lends the model another analyser for one operation.
+class Analyser_Lent {
+public:
+    Analyser_Lent(Media_Analyser*& slot, Media_Analyser& lent) : slot_(slot), own_(slot) { slot_ = &lent; }
+    ~Analyser_Lent() { slot_ = own_; }
+    Analyser_Lent(const Analyser_Lent&) = delete;
+    Analyser_Lent& operator=(const Analyser_Lent&) = delete;
+
+private:
+    Media_Analyser*& slot_;
+    Media_Analyser* own_;
+};
+
 } // namespace
 
 Playlist_Model::Playlist_Model(Media_Analyser& analyser, Playback_State& state, Player_Hooks& hooks,
                                Subtitle_Table& subtitles, const Text_Table& texts,
                                Subtitle_Loader load_subtitles, QObject* parent)
     : QAbstractListModel(parent),
-      analyser_(analyser),
+      analyser_(&analyser),
       state_(state),
       hooks_(hooks),
       subtitles_(subtitles),
@@ -109,7 +122,7 @@ void Playlist_Model::Add_Track(const QString& path, const QStringList& audio_pat
                                const QString& title, int entry, int16_t mode)
 {
     last_added_track_ = 0;
-    const std::optional<Media_Analysis> analysis = analyser_.Analyse_Media(path);
+    const std::optional<Media_Analysis> analysis = analyser_->Analyse_Media(path);
     if (!analysis)
         return;
     if (entry == 1 && mode == 1) {
@@ -129,6 +142,20 @@ void Playlist_Model::Add_Track(const QString& path, const QStringList& audio_pat
     if (track == 1)
         hooks_.Open_First_Track(path);
     Set_Track_Controls_Usable(true);
+}
+
+void Playlist_Model::Add_Track_With(Media_Analyser& analyses, const QString& path, const QStringList& audio_paths,
+                                    bool disc_change, const QString& title, int entry, int16_t mode)
+{
+    const Analyser_Lent lent(analyser_, analyses);
+    Add_Track(path, audio_paths, disc_change, title, entry, mode);
+}
+
+bool Playlist_Model::Associate_Audio_With(Media_Analyser& analyses, int track, const QString& path,
+                                          const QString& name)
+{
+    const Analyser_Lent lent(analyser_, analyses);
+    return Associate_Audio(track, path, name);
 }
 
 void Playlist_Model::Store_Track_Record(const QString& title, const QString& path, bool disc_change,
@@ -214,7 +241,7 @@ bool Playlist_Model::Associate_Audio(int track, const QString& path, const QStri
 {
     if (!Is_Track(track))
         return false;
-    const std::optional<Media_Analysis> analysis = analyser_.Analyse_Media(path);
+    const std::optional<Media_Analysis> analysis = analyser_->Analyse_Media(path);
     if (!analysis)
         return false;
     if (analysis->Video_Renderer_Found) {

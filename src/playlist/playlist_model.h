@@ -63,6 +63,12 @@ public:
     // rendered is silently not added.
     void Add_Track(const QString& path, const QStringList& audio_paths, bool disc_change,
                    const QString& title, int entry, int16_t mode) override;
+    // The same two operations with the analyses made beforehand (on worker
+    // threads): analyses answers in place of the model's own analyser.
+    void Add_Track_With(Media_Analyser& analyses, const QString& path, const QStringList& audio_paths,
+                        bool disc_change, const QString& title, int entry, int16_t mode);
+    bool Associate_Audio_With(Media_Analyser& analyses, int track, const QString& path, const QString& name);
+    Media_Analyser& Analyser() const { return *analyser_; }
     // The track Add_Track appended last, 0 when the last call added nothing.
     int Last_Added_Track() const { return last_added_track_; }
     void Store_Track_Record(const QString& title, const QString& path, bool disc_change,
@@ -117,7 +123,7 @@ private:
     void Replace_Removed_Current_Track(int removed);
     bool Associate_Subtitle_With(int track, const QString& path, const QString& file_title);
 
-    Media_Analyser& analyser_;
+    Media_Analyser* analyser_;
     Playback_State& state_;
     Player_Hooks& hooks_;
     Subtitle_Table& subtitles_;

@@ -10,6 +10,7 @@
 #include "config/frm_config.h"
 #include "playlist/frm_playlist.h"
 #include "playlist/playlist_model.h"
+#include "playlist/playlist_window_batch.h"
 #include "ui/picture_button.h"
 #include "ui/skin_label.h"
 #include "subtitles/frm_subtitle.h"
@@ -21,8 +22,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <QFile>
+#include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
+
+#include <sys/stat.h>
 
 namespace Orvane {
 namespace {
@@ -82,6 +88,31 @@ TEST_F(Program_Test, AFileNamedWithTheSwitchPlaysAndTheTickAdvancesTheTime)
     EXPECT_EQ(program.Graph().Heard_Stream(), 3);
     EXPECT_TRUE(program.State().Is_Playing);
     EXPECT_TRUE(boxes.Boxes().empty()) << boxes.Last_Text().toStdString();
+}
+
+TEST_F(Program_Test, ANamedPipeOnTheCommandLineLeavesTheWindowAnsweringAndAddsNothing)
+{
+    const QString pipe = folder.File("pipe.avi");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    Program program(folder.Path());
+    ASSERT_TRUE(program.Start({pipe, QStringLiteral("/play")}));
+    QSignalSpy finished(&program.Playlist_Window().Batch(), &Playlist_Window_Batch::Finished);
+    // The player window unrolls on its timer while the file is looked at.
+    QElapsedTimer since_beat;
+    qint64 worst_ms = 0;
+    QTimer heartbeat;
+    heartbeat.setInterval(10);
+    QObject::connect(&heartbeat, &QTimer::timeout, [&] {
+        worst_ms = std::max(worst_ms, since_beat.restart() - 10);
+    });
+    since_beat.start();
+    heartbeat.start();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return program.Player_Window().height() == 260; }, 5000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return finished.count() == 1; }, 10000));
+    EXPECT_EQ(program.Model().Track_Count(), 0);
+    EXPECT_FALSE(program.State().Is_Playing);
+    EXPECT_TRUE(boxes.Boxes().empty()) << boxes.Last_Text().toStdString();
+    EXPECT_LT(worst_ms, 1000);
 }
 
 TEST_F(Program_Test, TheEndOfATrackAdvancesAndQuittingWritesTheVolumeInUse)

@@ -7,6 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
+#include <sys/stat.h>
+
 #include <QSize>
 #include <gst/gst.h>
 
@@ -116,6 +119,10 @@ TEST(Gst_Media_Analyser, FilesThatCannotBeRenderedGiveNothing)
     EXPECT_FALSE(analyser.Analyse_Media(QStringLiteral("/no/such/file.avi")));
     EXPECT_FALSE(analyser.Analyse_Media(folder.Write("empty.mp3", QByteArray())));
     EXPECT_FALSE(analyser.Analyse_Media(folder.Path()));  // a folder
+    // A named pipe nothing writes to: refused at once rather than waited on.
+    const QString pipe = folder.File("pipe.avi");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    EXPECT_FALSE(analyser.Analyse_Media(pipe));
     // Random bytes in a file named as a film.
     QByteArray noise(64 * 1024, '\0');
     quint32 seed = 12345;

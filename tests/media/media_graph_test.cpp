@@ -4,12 +4,15 @@
 #include "media/gst_media_graph.h"
 #include "media/video_widget.h"
 #include "support/generated_media.h"
+#include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QSignalSpy>
 #include <QTest>
 #include <cmath>
+#include <sys/stat.h>
 
 namespace Orvane {
 namespace {
@@ -64,8 +67,12 @@ TEST(Media_Graph_Open, FilesThatCannotBePlayedFailCleanlyAndLeaveTheGraphUsable)
 {
     Gst_Media_Graph graph;
     ASSERT_TRUE(graph.Open_Graph(Support::Media().Wav));
+    // A named pipe nothing writes to would hold the open (and the window) for ever.
+    const Support::Temp_Folder folder;
+    const QString pipe = folder.File(QStringLiteral("pipe.avi"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     for (const QString& path : {Support::Media().Not_Media, Support::Media().Truncated_Avi,
-                                QStringLiteral("/no/such/file.avi")}) {
+                                QStringLiteral("/no/such/file.avi"), pipe}) {
         SCOPED_TRACE(path.toStdString());
         EXPECT_FALSE(graph.Open_Graph(path));
         EXPECT_FALSE(graph.Last_Error().isEmpty());

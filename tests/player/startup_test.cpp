@@ -46,18 +46,32 @@ TEST_F(Startup_Test, Command_Line_File_Kind_And_Switch)
     }
     EXPECT_FALSE(Parse_Command_Line({}, program.Path(), current.Path()).has_value());
 
-    const Command_Line_Openers openers{[this](const QString&) { tracks = {Video_Track("First", 1)}; },
-                                       [this](const QString& path) {  // "broken" files are not added
-                                           tracks.append(Video_Track(path.section('/', -1, -1), 1));
-                                           return path.contains("broken") ? 0 : int(tracks.size());
+    // The openers answer later, as the batch does once its files are analysed.
+    std::function<void()> answer;
+    const Command_Line_Openers openers{[&](const QString&, std::function<void()> done) {
+                                           answer = [this, done] {
+                                               tracks = {Video_Track("First", 1)};
+                                               done();
+                                           };
+                                       },
+                                       [&](const QString& path, std::function<void(int)> done) {
+                                           answer = [this, path, done] {  // "broken" files are not added
+                                               tracks.append(Video_Track(path.section('/', -1, -1), 1));
+                                               done(path.contains("broken") ? 0 : int(tracks.size()));
+                                           };
                                        }};
-    for (const auto& request : {Command_Line_Request{"/p/broken", false, true}, {"/p/film", false, false}})
+    for (const auto& request : {Command_Line_Request{"/p/broken", false, true}, {"/p/film", false, false}}) {
         Open_Command_Line_File(request, openers, session);
+        answer();
+    }
     EXPECT_FALSE(graph.open) << "nothing to play, or no switch";
     Open_Command_Line_File({"/p/film", false, true}, openers, session);
+    EXPECT_FALSE(graph.open) << "nothing is played before the file is in";
+    answer();
     EXPECT_EQ(graph.opened_path, "/media/film.avi");
     EXPECT_EQ(state.Current_Track, 3);
     Open_Command_Line_File({"/p/list.orx", true, true}, openers, session);
+    answer();
     EXPECT_EQ(graph.opened_path, "/media/First.avi");
 }
 

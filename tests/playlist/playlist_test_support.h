@@ -22,7 +22,8 @@ namespace Orvane::Test {
 struct Fake_Analyser : Media_Analyser {
     std::optional<Media_Analysis> Analyse_Media(const QString& path) override
     {
-        return files.contains(path) ? std::optional(files[path]) : std::nullopt;
+        // Called from the analysis threads: only const reads of the table.
+        return files.contains(path) ? std::optional(files.value(path)) : std::nullopt;
     }
     // A file with a picture of that size, or sound only when the size is empty; gives the path back.
     QString Add(const QString& path, double seconds, QSize picture = {320, 240}, int16_t streams = 1,
