@@ -25,6 +25,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QScreen>
 #include <QWindow>
 
@@ -172,15 +173,37 @@ void Program::Open_Start_File(const QStringList& arguments)
             return;
         request = Command_Line_Request{files_.Demo_Playlist, true, false};
     }
+    Open_Request(*request);
+}
+
+void Program::Open_File(const QString& path, bool play)
+{
+    QStringList arguments{path};
+    if (play)
+        arguments << QStringLiteral("--play");
+    if (const auto request = Parse_Command_Line(arguments, files_.Program_Folder, QDir::currentPath()))
+        Open_Request(*request);
+}
+
+void Program::Open_Request(const Command_Line_Request& request)
+{
     Command_Line_Openers openers;
     openers.Load_Playlist = [this](const QString& path) {
+        // Relative entries are read from the current directory: the
+        // playlist's folder, as after choosing it in the open dialog.
+        QDir::setCurrent(QFileInfo(path).absolutePath());
         playlist_window_->Batch().Load(path, settings_, texts_);
     };
     openers.Add_Media = [this](const QString& path) {
         model_->Add_Track(path, {}, false, Name_From_Path(path), 1, 0);
         return model_->Last_Added_Track();
     };
-    Open_Command_Line_File(*request, openers, *session_);
+    Open_Command_Line_File(request, openers, *session_);
+}
+
+void Program::Bring_Forward()
+{
+    player_window_->Bring_To_Front();
 }
 
 void Program::Show_About()
