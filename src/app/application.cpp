@@ -3,6 +3,7 @@
 #include "app/check_command.h"
 #include "app/command_options.h"
 #include "app/desktop_bus.h"
+#include "app/file_drop.h"
 #include "app/program.h"
 #include "app/program_files.h"
 #include "app/quit_signals.h"
@@ -74,6 +75,7 @@ int Run_Application(int argc, char** argv)
     }
     Program program(files);
     const Desktop_Bus desktop_bus(program, bus);
+    const File_Drop file_drop(program);
     const Quit_Signals quit_signals([&program] { program.Controls().Quit(); });
     if (!program.Start(options.Player_Arguments))
         return 1;
