@@ -11,7 +11,7 @@ packages=(
   gstreamer1.0-plugins-ugly gstreamer1.0-libav gstreamer1.0-tools
   gstreamer1.0-plugins-base-apps
   libgtest-dev googletest
-  xvfb xauth fonts-dejavu-core
+  xvfb xauth fonts-dejavu-core dbus playerctl
   desktop-file-utils appstream shared-mime-info libxml2-utils dpkg-dev file
 )
 

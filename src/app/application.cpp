@@ -2,9 +2,12 @@
 
 #include "app/check_command.h"
 #include "app/command_options.h"
+#include "app/desktop_bus.h"
+#include "app/file_drop.h"
 #include "app/program.h"
 #include "app/program_files.h"
 #include "app/quit_signals.h"
+#include "player/command_line.h"
 #include "player/player_controls.h"
 #include "ui/skin_resources.h"
 #include "ui/skin_style.h"
@@ -12,6 +15,7 @@
 #include <gst/gst.h>
 
 #include <QApplication>
+#include <QDir>
 #include <cstdio>
 
 namespace Orvane {
@@ -62,7 +66,16 @@ int Run_Application(int argc, char** argv)
     Init_Skin_Resources();
     Apply_Skin_Style();
 
-    Program program(Locate_Program_Files());
+    const Program_Files files = Locate_Program_Files();
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!options.New_Window && !Claim_Player_Name(bus)) {
+        const auto request = Parse_Command_Line(options.Player_Arguments, files.Program_Folder, QDir::currentPath());
+        if (Hand_Over(bus, request ? request->File : QString(), request && request->Play_Now))
+            return Exit_Done;
+    }
+    Program program(files);
+    const Desktop_Bus desktop_bus(program, bus);
+    const File_Drop file_drop(program);
     const Quit_Signals quit_signals([&program] { program.Controls().Quit(); });
     if (!program.Start(options.Player_Arguments))
         return 1;

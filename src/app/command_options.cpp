@@ -21,6 +21,9 @@ Command_Options Parse_Command_Options(const QStringList& arguments)
     const QCommandLineOption version_option({QStringLiteral("v"), QStringLiteral("version")},
                                             QStringLiteral("Print the version and exit."));
     const QCommandLineOption play_option(QStringLiteral("play"), QStringLiteral("Play FILE at once."));
+    const QCommandLineOption new_window_option(
+        QStringLiteral("new-window"),
+        QStringLiteral("Start a player of its own; without it, FILE goes to the player already running."));
     const QCommandLineOption check_option(
         QStringLiteral("check"),
         QStringLiteral("orvane --check FILE: read FILE with the program's own reader, print OK and what was read or ERROR: and "
@@ -28,7 +31,7 @@ Command_Options Parse_Command_Options(const QStringList& arguments)
     const QCommandLineOption language_option(
         QStringLiteral("language"), QStringLiteral("With --check of a Lang.ini: the language to read."),
         QStringLiteral("NAME"));
-    parser.addOptions({help_option, version_option, play_option, check_option, language_option});
+    parser.addOptions({help_option, version_option, play_option, new_window_option, check_option, language_option});
     for (const char* toolkit_option : {"platform", "display", "style"}) {
         QCommandLineOption option(QString::fromLatin1(toolkit_option));
         option.setValueName(QStringLiteral("VALUE"));
@@ -65,7 +68,7 @@ Command_Options Parse_Command_Options(const QStringList& arguments)
     }
     const QStringList positional = parser.positionalArguments();
     if (parser.isSet(check_option)) {
-        if (positional.size() != 1 || parser.isSet(play_option))
+        if (positional.size() != 1 || parser.isSet(play_option) || parser.isSet(new_window_option))
             return refuse(QStringLiteral("--check takes one FILE: orvane --check FILE [--language NAME]"));
         options.What = Command_Options::Action::Check_File;
         options.Check_File = positional.first();
@@ -76,6 +79,7 @@ Command_Options Parse_Command_Options(const QStringList& arguments)
     if (parser.isSet(language_option))
         return refuse(QStringLiteral("--language goes with --check"));
     options.Player_Arguments = positional;
+    options.New_Window = parser.isSet(new_window_option);
     if (parser.isSet(play_option) && !positional.isEmpty())
         options.Player_Arguments << QStringLiteral("--play");
     return options;

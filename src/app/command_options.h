@@ -15,6 +15,8 @@ struct Command_Options {
     // Start_Player: FILE and the switch, in the form Parse_Command_Line reads
     // ("--play" given anywhere comes after the file).
     QStringList Player_Arguments;
+    // Start_Player: start a player of its own even when one is running.
+    bool New_Window = false;
     // Check_File: the file and the language asked for.
     QString Check_File;
     std::optional<QString> Check_Language;

@@ -26,6 +26,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QScreen>
 #include <QWindow>
 
@@ -177,10 +178,27 @@ void Program::Open_Start_File(const QStringList& arguments)
             return;
         request = Command_Line_Request{files_.Demo_Playlist, true, false};
     }
+    Open_Request(*request);
+}
+
+void Program::Open_File(const QString& path, bool play)
+{
+    QStringList arguments{path};
+    if (play)
+        arguments << QStringLiteral("--play");
+    if (const auto request = Parse_Command_Line(arguments, files_.Program_Folder, QDir::currentPath()))
+        Open_Request(*request);
+}
+
+void Program::Open_Request(const Command_Line_Request& request)
+{
     Command_Line_Openers openers;
     // Both go through the playlist window's batch, so the window answers
     // while the file is analysed; done follows the batch's end.
     openers.Load_Playlist = [this](const QString& path, std::function<void()> done) {
+        // Relative entries are read from the current directory: the
+        // playlist's folder, as after choosing it in the open dialog.
+        QDir::setCurrent(QFileInfo(path).absolutePath());
         Playlist_Window_Batch& batch = playlist_window_->Batch();
         QObject::connect(&batch, &Playlist_Window_Batch::Finished, &batch, std::move(done),
                          Qt::SingleShotConnection);
@@ -193,7 +211,12 @@ void Program::Open_Start_File(const QStringList& arguments)
             [this, done = std::move(done)] { done(model_->Last_Added_Track()); }, Qt::SingleShotConnection);
         batch.Add_Files({path}, 0, &Name_From_Path);
     };
-    Open_Command_Line_File(*request, openers, *session_);
+    Open_Command_Line_File(request, openers, *session_);
+}
+
+void Program::Bring_Forward()
+{
+    player_window_->Bring_To_Front();
 }
 
 void Program::Show_About()

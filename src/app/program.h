@@ -34,6 +34,7 @@ class Playlist_Model;
 class Playlist_Track_Source;
 class Session_Player_Hooks;
 class Subtitle_Table_Source;
+struct Command_Line_Request;
 struct Player_Context;
 
 // The application object: it owns the program-wide state and every window,
@@ -69,11 +70,17 @@ public:
     Frm_Config* Config_Window() { return config_window_.get(); }
     // Button 6: opens the configuration window, or brings the open one forward.
     void Show_Configuration();
+    // Opens a file (absolute) as the command line opens it: a playlist is
+    // loaded, a media file added; play is the command line's switch.
+    void Open_File(const QString& path, bool play);
+    // The player bar comes forward, as a key press on another window brings it.
+    void Bring_Forward();
 
 private:
     void Connect_Player_Window();
     void Place_Player_Window();
     void Open_Start_File(const QStringList& arguments);
+    void Open_Request(const Command_Line_Request& request);
     void Show_About();
     bool Reload_Language(const QString& language);
     void Rebuild_Subtitle_Window();

@@ -50,9 +50,25 @@ void Time_Display::Progress_Mouse_Down(int x_twips)
     seeking_ = true;
     context_.view.Set_Cursor_Left(x_twips / Twips_Per_Pixel);
     Seek_To_X(x_twips);
+    // The drag that may follow is covered by this one reset.
+    Restart_Subtitle_Search();
+}
+
+bool Time_Display::Seek_To_Seconds(double seconds)
+{
+    if (!context_.graph.Is_Open())
+        return false;
+    const double duration = context_.graph.Duration();
+    context_.graph.Set_Current_Position(std::clamp(seconds, 0.0, std::max(duration, 0.0)));
+    Update_Cursor();
+    Restart_Subtitle_Search();
+    return true;
+}
+
+void Time_Display::Restart_Subtitle_Search()
+{
     // The line shown belongs to the old position: clear it and let the next
-    // tick search the subtitles from the new one. The drag that may follow
-    // is covered by this one reset.
+    // tick search the subtitles from the new one.
     if (context_.state.Subtitles_Shown) {
         context_.subtitle_display.Clear();
         context_.state.Next_Subtitle_Time = QStringLiteral("Aucun");

@@ -23,6 +23,10 @@ public:
     void Update_Cursor();
     // Position = (x / 15) / track width in px x Media_Duration.
     void Seek_To_X(int x_twips);
+    // A seek of the progress track to a time in seconds (kept within the
+    // media): the cursor moves and the subtitles are searched again. False
+    // without media.
+    bool Seek_To_Seconds(double seconds);
 
     // Lbl_Avancement mouse events; x in twips (15 x the pixel x).
     void Progress_Mouse_Down(int x_twips);
@@ -44,6 +48,7 @@ public:
     void Refresh_Display();
 
 private:
+    void Restart_Subtitle_Search();
     void Refresh_Subtitle_Status(const Track_Record* track);
     void Refresh_Audio_Status(const Track_Record* track);
 

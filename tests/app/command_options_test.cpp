@@ -29,6 +29,7 @@ TEST(Command_Options, EachCommandLineAsksForOneAction)
         {{"--play", "list.orx"}, Action::Start_Player, {"list.orx", "--play"}},
         {{"-platform", "offscreen", "film.avi"}, Action::Start_Player, {"film.avi"}},
         {{"--", "-odd name.avi"}, Action::Start_Player, {"-odd name.avi"}},
+        {{"--new-window", "film.avi", "/play"}, Action::Start_Player, {"film.avi", "/play"}},
         {{"--help"}, Action::Show_Help, {}},
         {{"-h"}, Action::Show_Help, {}},
         {{"film.avi", "--help"}, Action::Show_Help, {}},
@@ -42,6 +43,7 @@ TEST(Command_Options, EachCommandLineAsksForOneAction)
         {{"--check"}, Action::Refuse, {}},
         {{"--check", "a.sub", "b.sub"}, Action::Refuse, {}},
         {{"--check", "a.sub", "--play"}, Action::Refuse, {}},
+        {{"--check", "a.sub", "--new-window"}, Action::Refuse, {}},
         {{"--language", "English"}, Action::Refuse, {}},
         {{"--check", "Lang.ini", "--language"}, Action::Refuse, {}},
     };
@@ -51,6 +53,7 @@ TEST(Command_Options, EachCommandLineAsksForOneAction)
         ASSERT_EQ(options.What, c.action);
         if (c.action == Action::Start_Player) {
             EXPECT_EQ(options.Player_Arguments, c.player_arguments);
+            EXPECT_EQ(options.New_Window, c.arguments.contains("--new-window"));
         }
         if (c.action == Action::Check_File) {
             EXPECT_EQ(options.Check_File, c.player_arguments.value(0));

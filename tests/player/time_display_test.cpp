@@ -1,4 +1,5 @@
 #include "player_fixture.h"
+#include <tuple>
 
 namespace Orvane::Test {
 
@@ -52,6 +53,21 @@ TEST_F(Time_Display_Test, Drag_Seeks_Inside_The_Track_And_Freezes_Outside)
     time().Progress_Mouse_Down(0);
     EXPECT_TRUE(journal.calls.contains("Show_Subtitle(|,1)"));
     EXPECT_EQ(state.Next_Subtitle_Time, "Aucun");
+}
+
+TEST_F(Time_Display_Test, Seek_To_Seconds_Stays_Within_The_Media_And_Searches_The_Subtitles_Again)
+{
+    state.Subtitles_Shown = true;
+    state.Next_Subtitle_Time = "00:00:20";
+    for (const auto& [seconds, position, cursor] :
+         {std::tuple{30.0, 30.0, 155}, {-5.0, 0.0, 0}, {90.0, 60.0, 310}}) {
+        EXPECT_TRUE(time().Seek_To_Seconds(seconds));
+        EXPECT_DOUBLE_EQ(graph.position, position) << seconds;
+        EXPECT_EQ(view.Cursor_Left(), cursor) << seconds;
+    }
+    EXPECT_EQ(state.Next_Subtitle_Time, "Aucun");
+    graph.Close_Graph();
+    EXPECT_FALSE(time().Seek_To_Seconds(10.0)) << "nothing to seek without media";
 }
 
 TEST_F(Time_Display_Test, Time_Mode_Toggle_Changes_The_Caption_Now_And_The_Time_On_The_Tick)

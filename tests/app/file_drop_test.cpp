@@ -1,0 +1,166 @@
+// Files dragged from a file manager onto the windows, as synthesized drop
+// events, and a playlist's relative entries found from its own folder.
+#include "app/file_drop.h"
+#include "app/program.h"
+#include "player/frm_player.h"
+#include "playlist/frm_playlist.h"
+#include "playlist/playlist_model.h"
+#include "playlist/playlist_window_batch.h"
+#include "playlist/track.h"
+#include "subtitles/frm_display.h"
+#include "support/generated_media.h"
+#include "support/temp_folder.h"
+#include "ui/message_box.h"
+#include "ui/skin_resources.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QDropEvent>
+#include <QFile>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QTest>
+#include <QUrl>
+
+namespace Orvane {
+namespace {
+
+using Orvane::Test::Media;
+
+class File_Drop_Test : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        Init_Skin_Resources();
+        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/Lang.ini"), folder.File("Lang.ini"));
+        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/orvan.ini"), folder.File("orvan.ini"));
+        QFile::setPermissions(folder.File("orvan.ini"), QFile::ReadOwner | QFile::WriteOwner);
+    }
+    void TearDown() override { QDir::setCurrent(start_directory); }
+
+    void Start(const QStringList& arguments = {})
+    {
+        ASSERT_TRUE(program.Start(arguments));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return program.Player_Window().height() == 260; }, 3000));
+        // A file named is opened once the bar has unrolled.
+        if (!arguments.isEmpty())
+            ASSERT_TRUE(QTest::qWaitFor([&] { return program.Model().Track_Count() >= 1; }, 5000));
+    }
+    // Drags the files over a window and drops them; whether it was taken.
+    bool Drop(QWidget& window, const QStringList& files)
+    {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString& file : files)
+            urls << QUrl::fromLocalFile(file);
+        data.setUrls(urls);
+        QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &drop);
+        return drop.isAccepted();
+    }
+    bool Batch_Done()
+    {
+        return QTest::qWaitFor([&] { return !program.Playlist_Window().Batch().Is_Busy(); }, 10000);
+    }
+
+    const QString start_directory = QDir::currentPath();
+    Orvane::Test::Temp_Folder folder;
+    Message_Box_Recorder boxes;
+    Program program{folder.Path()};
+    File_Drop drops{program};
+};
+
+TEST_F(File_Drop_Test, TheKindOfAFileIsItsSuffixInAnyCase)
+{
+    const std::pair<const char*, Dropped_Kind> cases[] = {
+        {"/a/list.ORX", Dropped_Kind::Playlist}, {"/a/list.m3u", Dropped_Kind::Playlist},
+        {"/a/film.Sub", Dropped_Kind::Subtitle}, {"/a/film.avi", Dropped_Kind::Media},
+        {"/a/m3u", Dropped_Kind::Media},
+    };
+    for (const auto& [path, kind] : cases)
+        EXPECT_EQ(Kind_Of_Dropped(QString::fromLatin1(path)), kind) << path;
+}
+
+TEST_F(File_Drop_Test, MediaDroppedOnThePlaylistAreAddedAsTheAddButtonAdds)
+{
+    Start();
+    ASSERT_TRUE(Drop(program.Playlist_Window(), {Media().Wav, Media().Mp3, folder.Path()}));
+    ASSERT_TRUE(Batch_Done());
+    ASSERT_EQ(program.Model().Track_Count(), 2) << "the folder is no file";
+    EXPECT_EQ(program.Model().Track(2).Path, Media().Mp3);
+    EXPECT_FALSE(program.State().Is_Playing) << "adding plays nothing";
+}
+
+TEST_F(File_Drop_Test, NothingButLocalFilesIsTaken)
+{
+    Start();
+    EXPECT_FALSE(Drop(program.Player_Window(), {folder.Path()}));
+    EXPECT_EQ(program.Model().Track_Count(), 0);
+}
+
+TEST_F(File_Drop_Test, AFileDroppedOnThePlayerOrTheDisplayPlays)
+{
+    Start();
+    ASSERT_TRUE(Drop(program.Player_Window(), {Media().Mp3}));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return program.State().Is_Playing; }, 5000));
+    ASSERT_TRUE(Drop(program.Display_Window(), {Media().Wav}));
+    EXPECT_EQ(program.State().Current_Track, 2);
+    EXPECT_TRUE(boxes.Boxes().empty()) << boxes.Last_Text().toStdString();
+}
+
+TEST_F(File_Drop_Test, APlaylistDroppedIsLoadedWithItsRelativeEntriesFromItsFolder)
+{
+    QDir(folder.Path()).mkdir("music");
+    QFile::copy(Media().Wav, folder.File("music/song.wav"));
+    folder.Write("music/list.m3u", "#EXTM3U\r\n#EXTINF:3,Song\r\nsong.wav\r\n");
+    Start();
+    QDir::setCurrent(QDir::tempPath());
+    ASSERT_TRUE(Drop(program.Playlist_Window(), {folder.File("music/list.m3u")}));
+    ASSERT_TRUE(Batch_Done());
+    ASSERT_EQ(program.Model().Track_Count(), 1);
+    EXPECT_EQ(QFileInfo(program.Model().Track(1).Path).canonicalFilePath(),
+              QFileInfo(folder.File("music/song.wav")).canonicalFilePath());
+}
+
+TEST_F(File_Drop_Test, RelativeEntriesOfACommandLinePlaylistAreFoundFromAnotherFolder)
+{
+    QDir(folder.Path()).mkdir("music");
+    QFile::copy(Media().Mp3, folder.File("music/song.mp3"));
+    folder.Write("music/list.m3u", "#EXTM3U\r\n#EXTINF:3,Song\r\nsong.mp3\r\n");
+    QDir::setCurrent(QDir::tempPath());
+    Start({folder.File("music/list.m3u"), QStringLiteral("/play")});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return program.State().Is_Playing; }, 5000));
+}
+
+TEST_F(File_Drop_Test, ASubtitleDroppedBelongsToTheSelectedTrack)
+{
+    folder.Write("film.sub", "[TITLE]\r\nFilm\r\n[BEGIN]\r\n***\r\n[00:00:01]\r\nLigne\r\n[END]\r\n");
+    Start({Media().Avi_One_Stream});
+    ASSERT_EQ(program.Model().Selected_Track(), 1);
+    ASSERT_TRUE(Drop(program.Player_Window(), {folder.File("film.sub")}));
+    EXPECT_EQ(program.Model().Track(1).Subtitle_Path, folder.File("film.sub"));
+}
+
+TEST_F(File_Drop_Test, OnTheAudioTabSoundIsAssociatedAndAPictureRefused)
+{
+    Start({Media().Avi_One_Stream});
+    program.Playlist_Window().Show_Tab(Frm_PlayList::Tab_Audio);
+    ASSERT_TRUE(Drop(program.Playlist_Window(), {Media().Associated_Wav}));
+    EXPECT_EQ(program.Model().Track(1).Associated_Count, 1);
+    EXPECT_EQ(program.Model().Track_Count(), 1) << "associated, not added";
+
+    // Associating with the current track plays it anew, which brings the track list forward.
+    program.Playlist_Window().Show_Tab(Frm_PlayList::Tab_Audio);
+    ASSERT_TRUE(Drop(program.Playlist_Window(), {Media().Avi_Three_Streams}));
+    EXPECT_EQ(program.Model().Track(1).Associated_Count, 1);
+    ASSERT_EQ(boxes.Boxes().size(), 1u);
+    EXPECT_EQ(boxes.Last_Text(), program.Texts().Get_Text(1210));
+}
+
+} // namespace
+} // namespace Orvane
