@@ -109,7 +109,7 @@ TEST_F(File_Drop_Test, AFileDroppedOnThePlayerOrTheDisplayPlays)
     ASSERT_TRUE(Drop(program.Player_Window(), {Media().Mp3}));
     EXPECT_TRUE(QTest::qWaitFor([&] { return program.State().Is_Playing; }, 5000));
     ASSERT_TRUE(Drop(program.Display_Window(), {Media().Wav}));
-    EXPECT_EQ(program.State().Current_Track, 2);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return program.State().Current_Track == 2; }, 5000));
     EXPECT_TRUE(boxes.Boxes().empty()) << boxes.Last_Text().toStdString();
 }
 
