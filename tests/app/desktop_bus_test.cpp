@@ -228,7 +228,7 @@ TEST_F(Desktop_Bus_Test, OpenUriPlaysTheFileAsTheCommandLineSwitchWould)
 {
     Start({});
     Call(QStringLiteral("OpenUri"), {QUrl::fromLocalFile(Media().Mp3).toString()});
-    EXPECT_EQ(program->Model().Track_Count(), 1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return program->Model().Track_Count() == 1; }, 5000));
     EXPECT_TRUE(Status_Becomes("Playing"));
 }
 
