@@ -1,6 +1,7 @@
 #include "media/gst_media_graph.h"
 
 #include "media/bus_watch.h"
+#include "media/gst_diagnostics.h"
 #include "media/gst_walk.h"
 #include "media/media_kind.h"
 #include "media/playback_pipeline.h"
@@ -21,17 +22,6 @@ constexpr auto Seek_Limit = 3000ms;
 constexpr auto Associated_Limit = 3000ms;
 // Positions this close count as the same place for Restore_Position (seconds).
 constexpr double Restore_Tolerance = 0.1;
-
-QString Message_Text(GstMessage* message)
-{
-    GError* raw_error = nullptr;
-    if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_ERROR)
-        gst_message_parse_error(message, &raw_error, nullptr);
-    else if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_WARNING)
-        gst_message_parse_warning(message, &raw_error, nullptr);
-    G_Error error(raw_error);
-    return error ? QString::fromUtf8(error->message) : QString();
-}
 
 } // namespace
 
@@ -286,7 +276,7 @@ bool Gst_Media_Graph::Render_Associated_Audio(const QString& path)
         return false;
     }
     QString error;
-    const Pad_Ref pad = pipeline_->Add_Associated_Audio(path, Associated_Limit, error);
+    const Pad_Ref pad = pipeline_->Associated().Add(path, Associated_Limit, error);
     if (!pad) {
         last_error_ = error;
         qWarning("%s", qUtf8Printable(error));
@@ -294,7 +284,7 @@ bool Gst_Media_Graph::Render_Associated_Audio(const QString& path)
     }
     // The file starts at its beginning: move it alone to where the picture
     // is before it is heard, so both run from the same point of the clock.
-    if (!pipeline_->Align_Associated_Audio(pad.get(), Current_Position()))
+    if (!pipeline_->Associated().Align(pad.get(), Current_Position()))
         qWarning("The associated audio file could not be moved to the picture's position");
     pipeline_->Select_Audio_Input(pad.get());
     pipeline_->Set_Muted(false);
@@ -335,7 +325,7 @@ void Gst_Media_Graph::On_Bus_Message(GstMessage* message)
     switch (GST_MESSAGE_TYPE(message)) {
     case GST_MESSAGE_ERROR: {
         const QString text = Message_Text(message);
-        if (pipeline_ && pipeline_->From_Abandoned_Branch(GST_MESSAGE_SRC(message))) {
+        if (pipeline_ && pipeline_->Associated().From_Abandoned_Branch(GST_MESSAGE_SRC(message))) {
             qWarning("Associated audio file: %s", qUtf8Printable(text));
             break;
         }
