@@ -127,8 +127,10 @@ void Gst_Media_Graph::Set_Current_Position(double seconds)
     last_position_ = std::max(0.0, seconds);
     end_reached_ = false;
     moved_at_ = gst_util_get_timestamp();
-    if (!pipeline_->Seek(seconds, Seek_Limit))
-        qWarning("Seeking to %.3f s did not finish in time", seconds);
+    if (!pipeline_->Seek(seconds, Seek_Limit)) {
+        qCWarning(Media_Log, "Seeking to %.3f s did not finish in time", seconds);
+        Dump_Pipeline_Graph(pipeline_->Element(), "seek-failed");
+    }
 }
 
 double Gst_Media_Graph::Duration() const
@@ -261,7 +263,7 @@ void Gst_Media_Graph::Connect_Audio_Stream(int stream)
         return;
     auto saved = saved_audio_pins_.find(stream);
     if (saved == saved_audio_pins_.end()) {
-        qWarning("Audio stream %d was not recorded: nothing to connect", stream);
+        qCWarning(Media_Log, "Audio stream %d was not recorded: nothing to connect", stream);
         return;
     }
     pipeline_->Select_Audio_Input(saved->second.get());
@@ -279,13 +281,13 @@ bool Gst_Media_Graph::Render_Associated_Audio(const QString& path)
     const Pad_Ref pad = pipeline_->Associated().Add(path, Associated_Limit, error);
     if (!pad) {
         last_error_ = error;
-        qWarning("%s", qUtf8Printable(error));
+        qCWarning(Media_Log, "%s", qUtf8Printable(error));
         return false;
     }
     // The file starts at its beginning: move it alone to where the picture
     // is before it is heard, so both run from the same point of the clock.
     if (!pipeline_->Associated().Align(pad.get(), Current_Position()))
-        qWarning("The associated audio file could not be moved to the picture's position");
+        qCWarning(Media_Log, "The associated audio file could not be moved to the picture's position");
     pipeline_->Select_Audio_Input(pad.get());
     pipeline_->Set_Muted(false);
     return true;
@@ -326,9 +328,11 @@ void Gst_Media_Graph::On_Bus_Message(GstMessage* message)
     case GST_MESSAGE_ERROR: {
         const QString text = Message_Text(message);
         if (pipeline_ && pipeline_->Associated().From_Abandoned_Branch(GST_MESSAGE_SRC(message))) {
-            qWarning("Associated audio file: %s", qUtf8Printable(text));
+            qCWarning(Media_Log, "Associated audio file: %s", qUtf8Printable(text));
             break;
         }
+        qCWarning(Media_Log, "%s", qUtf8Printable(text));
+        Dump_Pipeline_Graph(pipeline_ ? pipeline_->Element() : nullptr, "error");
         last_error_ = text;
         QMetaObject::invokeMethod(
             this, [this, id, text] { emit Error_Occurred(id, text); }, Qt::QueuedConnection);
@@ -341,7 +345,7 @@ void Gst_Media_Graph::On_Bus_Message(GstMessage* message)
         QMetaObject::invokeMethod(this, [this, id] { emit End_Of_Stream(id); }, Qt::QueuedConnection);
         break;
     case GST_MESSAGE_WARNING:
-        qWarning("%s", qUtf8Printable(Message_Text(message)));
+        qCWarning(Media_Log, "%s", qUtf8Printable(Message_Text(message)));
         break;
     default:
         break;

@@ -124,10 +124,12 @@ bool Playback_Pipeline::Preroll(Duration_Limit limit, QString& error)
         if (!message) {
             error = refused ? QStringLiteral("The file cannot be played")
                             : QStringLiteral("The file did not open in time");
+            Dump_Pipeline_Graph(pipeline_.get(), refused ? "refused" : "preroll-timeout");
             return false;
         }
         if (GST_MESSAGE_TYPE(message.get()) == GST_MESSAGE_ERROR) {
             error = Message_Text(message.get());
+            Dump_Pipeline_Graph(pipeline_.get(), "preroll-error");
             return false;
         }
         if (GST_MESSAGE_SRC(message.get()) == GST_OBJECT(pipeline_.get()))
