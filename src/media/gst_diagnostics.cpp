@@ -2,7 +2,7 @@
 
 namespace Orvane {
 
-Q_LOGGING_CATEGORY(Media_Log, "orvane.media")
+Q_LOGGING_CATEGORY(Media_Log, "orvane.media", QtInfoMsg)
 
 QString Message_Text(GstMessage* message)
 {
