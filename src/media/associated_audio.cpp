@@ -34,7 +34,11 @@ struct Associated_Audio::Branch {
 
 Associated_Audio::Associated_Audio(Playback_Pipeline& owner) : owner_(owner) {}
 
-Associated_Audio::~Associated_Audio() = default;
+Associated_Audio::~Associated_Audio()
+{
+    // The pipeline stopped first, so every thread came back.
+    Finish_Removal();
+}
 
 Pad_Ref Associated_Audio::Add(const QString& path, Duration_Limit limit, QString& error)
 {
@@ -125,6 +129,61 @@ bool Associated_Audio::Align(GstPad* selector_pad, double position)
                                         GST_SEEK_TYPE_SET, gint64(std::max(0.0, position) * double(GST_SECOND)),
                                         GST_SEEK_TYPE_NONE, GST_CLOCK_TIME_NONE);
     return gst_pad_push_event(entry.get(), seek);
+}
+
+bool Associated_Audio::Empty() const
+{
+    std::lock_guard lock(mutex_);
+    return branches_.empty();
+}
+
+void Associated_Audio::Start_Removal()
+{
+    std::vector<std::unique_ptr<Branch>> branches;
+    {
+        std::lock_guard lock(mutex_);
+        branches.swap(branches_);
+    }
+    for (const std::unique_ptr<Branch>& branch : branches) {
+        // No stream of the file may join the branch while it goes.
+        branch->Pad_Added.Disconnect();
+        branch->No_More_Pads.Disconnect();
+        Leaving leaving;
+        leaving.Elements = {branch->Source, branch->Decoder};
+        {
+            std::lock_guard lock(mutex_);
+            leaving.Selector_Pad = branch->Selector_Pad;
+            leaving.Elements.insert(leaving.Elements.end(), branch->Linked.begin(), branch->Linked.end());
+        }
+        for (const Element_Ref& element : leaving.Elements)
+            gst_element_set_locked_state(element.get(), TRUE);
+        if (leaving.Selector_Pad) {
+            // Flushed, the branch refuses data from the moment its thread
+            // comes back; unlinked, no seek of the pipeline starts it again.
+            if (const Pad_Ref entry = owner_.Forget_Audio_Input(leaving.Selector_Pad.get()))
+                gst_pad_send_event(entry.get(), gst_event_new_flush_start());
+            if (const Pad_Ref feeding = Pad_Ref::Adopt(gst_pad_get_peer(leaving.Selector_Pad.get())))
+                gst_pad_unlink(feeding.get(), leaving.Selector_Pad.get());
+        }
+        // What the branch posts from now on is no news.
+        abandoned_.insert(abandoned_.end(), leaving.Elements.begin(), leaving.Elements.end());
+        leaving_.push_back(std::move(leaving));
+    }
+}
+
+bool Associated_Audio::Finish_Removal()
+{
+    bool stopped = true;
+    GstBin* bin = GST_BIN(owner_.Element());
+    for (const Leaving& leaving : std::exchange(leaving_, {})) {
+        for (const Element_Ref& element : leaving.Elements)
+            stopped = gst_element_set_state(element.get(), GST_STATE_NULL) != GST_STATE_CHANGE_FAILURE && stopped;
+        if (leaving.Selector_Pad)
+            gst_element_release_request_pad(owner_.audio_.Selector.get(), leaving.Selector_Pad.get());
+        for (const Element_Ref& element : leaving.Elements)
+            gst_bin_remove(bin, element.get());
+    }
+    return stopped;
 }
 
 bool Associated_Audio::From_Abandoned_Branch(GstObject* source) const

@@ -16,7 +16,8 @@ class Playback_Pipeline;
 
 // The associated audio files rendered into one playback pipeline. Each is
 // filesrc ! decodebin whose first audio stream joins the pipeline's selector
-// as one more input, so it shares the pipeline's clock.
+// as one more input, so it shares the pipeline's clock. A file leaves again
+// in place, without opening the pipeline anew.
 //
 // Locking: mutex_ guards the branches' settled state; it is never held while
 // calling into the owner (whose locks are taken by Link_Audio), so the two
@@ -37,6 +38,17 @@ public:
     // position plays at the running time the picture shows it, without
     // flushing (and prerolling again) the rest of the pipeline.
     bool Align(GstPad* selector_pad, double position);
+    // Takes every associated file out of the pipeline, the rest of it
+    // untouched, in two steps. Start_Removal flushes each branch and unlinks
+    // it from the selector (which should already have another active pad);
+    // the branch no longer follows the pipeline's state. Finish_Removal stops
+    // and removes it, which can only be done once the streaming thread came
+    // back: while the pipeline is paused, the thread of the input heard last
+    // waits inside the audio sink until the pipeline plays.
+    void Start_Removal();
+    bool Removal_Pending() const { return !leaving_.empty(); }
+    bool Finish_Removal();  // false if a branch would not stop
+    bool Empty() const;
     // A message from the elements of an associated file that failed or left.
     bool From_Abandoned_Branch(GstObject* source) const;
 
@@ -52,11 +64,17 @@ private:
 
     // The running time at which the picture (or the sound heard) shows position.
     GstClockTime Running_Time_Of(double position) const;
+    // The elements a branch added to the pipeline; the feeding pad first.
+    struct Leaving {
+        std::vector<Element_Ref> Elements;
+        Pad_Ref Selector_Pad;
+    };
 
     Playback_Pipeline& owner_;
     mutable std::mutex mutex_;
     std::condition_variable branch_settled_;
     std::vector<std::unique_ptr<Branch>> branches_;  // guarded by mutex_
+    std::vector<Leaving> leaving_;                   // GUI thread only
     std::vector<Element_Ref> abandoned_;             // GUI thread only
 };
 

@@ -293,6 +293,27 @@ bool Gst_Media_Graph::Render_Associated_Audio(const QString& path)
     return true;
 }
 
+bool Gst_Media_Graph::Drop_Associated_Audio()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    if (!pipeline_)
+        return false;
+    Associated_Audio& associated = pipeline_->Associated();
+    if (associated.Empty())
+        return true;
+    // The selector keeps an active pad (the file's first stream, silent)
+    // while the associated input goes.
+    pipeline_->Set_Muted(true);
+    Select_Default_Stream();
+    associated.Start_Removal();
+    GstState state = GST_STATE_NULL;
+    GstState pending = GST_STATE_NULL;
+    gst_element_get_state(pipeline_->Element(), &state, &pending, 0);
+    if (state == GST_STATE_PLAYING && pending == GST_STATE_VOID_PENDING)
+        pipeline_->Finish_Leaving_Audio();
+    return true;
+}
+
 int Gst_Media_Graph::Heard_Stream() const
 {
     if (!pipeline_ || pipeline_->Muted())

@@ -8,10 +8,15 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 
 namespace Orvane {
 
 namespace {
+
+// How long a call to play waits for the pipeline to play before it completes
+// the removal of an associated file; past it, the next call completes it.
+constexpr GstClockTime Removal_Wait = 500 * GST_MSECOND;
 
 // Adds elements to the bin, links them in order and brings them to the bin's
 // state, the most downstream first so nothing pushes into a stopped element.
@@ -154,7 +159,23 @@ double Playback_Pipeline::Duration() const
 
 void Playback_Pipeline::Set_State(GstState state)
 {
-    gst_element_set_state(pipeline_.get(), state);
+    GstStateChangeReturn result = gst_element_set_state(pipeline_.get(), state);
+    if (state != GST_STATE_PLAYING || !associated_->Removal_Pending())
+        return;
+    // The leaving branch's thread is free once the audio sink plays, which
+    // may take the pipeline a moment (it may still be prerolling).
+    if (result == GST_STATE_CHANGE_ASYNC)
+        result = gst_element_get_state(pipeline_.get(), nullptr, nullptr, Removal_Wait);
+    if (result == GST_STATE_CHANGE_SUCCESS)
+        Finish_Leaving_Audio();
+}
+
+void Playback_Pipeline::Finish_Leaving_Audio()
+{
+    if (associated_->Removal_Pending() && !associated_->Finish_Removal()) {
+        qCWarning(Media_Log, "An associated audio file would not leave the pipeline");
+        Dump_Pipeline_Graph(pipeline_.get(), "associated-removal");
+    }
 }
 
 bool Playback_Pipeline::Wait_Until_Settled(Duration_Limit limit) const
@@ -218,6 +239,19 @@ std::vector<Playback_Pipeline::Audio_Input> Playback_Pipeline::Audio_Inputs() co
             input.Stream_Id = Stream_Id(input.Selector_Pad.get());
     }
     return inputs;
+}
+
+Pad_Ref Playback_Pipeline::Forget_Audio_Input(GstPad* selector_pad)
+{
+    std::lock_guard lock(mutex_);
+    const auto input = std::find_if(audio_inputs_.begin(), audio_inputs_.end(), [selector_pad](const Audio_Input& input) {
+        return input.Selector_Pad.get() == selector_pad;
+    });
+    if (input == audio_inputs_.end())
+        return nullptr;
+    Pad_Ref entry = input->Entry_Pad;
+    audio_inputs_.erase(input);
+    return entry;
 }
 
 void Playback_Pipeline::Select_Audio_Input(GstPad* selector_pad)

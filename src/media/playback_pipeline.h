@@ -63,7 +63,10 @@ public:
     double Duration() const;
     QSize Video_Size() const { return video_size_; }
 
+    // Playing also completes the removal of associated files that were left
+    // while paused (see Associated_Audio::Start_Removal).
     void Set_State(GstState state);
+    void Finish_Leaving_Audio();
     // Waits for a pending state change (a preroll after a seek) to finish.
     bool Wait_Until_Settled(Duration_Limit limit) const;
     std::optional<double> Position() const;
@@ -107,6 +110,8 @@ private:
     // added when given.
     Pad_Ref Link_Audio(GstPad* pad, bool associated, std::vector<Element_Ref>* added = nullptr);
     Caps_Ref Common_Audio_Caps(GstPad* first_pad);  // with structure_mutex_ held
+    // Drops the input of selector_pad from Audio_Inputs; its entry pad.
+    Pad_Ref Forget_Audio_Input(GstPad* selector_pad);
     void Link_Video(GstPad* pad);
     Element_Ref Link_Elsewhere(GstPad* pad);  // the fakesink it now feeds
 
