@@ -1,5 +1,6 @@
 #include "media/audio_output.h"
 
+#include "media/gst_diagnostics.h"
 #include "media/gst_walk.h"
 
 #include <QByteArray>
@@ -25,7 +26,7 @@ Element_Ref Described_Output(const QByteArray& description)
         gst_parse_bin_from_description(description.constData(), TRUE, &raw_error));
     G_Error error(raw_error);
     if (error || !bin) {
-        qWarning("ORVANE_AUDIO_SINK \"%s\" cannot be built (%s); using the default audio output",
+        qCWarning(Media_Log, "ORVANE_AUDIO_SINK \"%s\" cannot be built (%s); using the default audio output",
                  description.constData(), error ? error->message : "no element");
         return nullptr;
     }
@@ -59,7 +60,7 @@ Element_Ref Make_Audio_Output(bool& no_device_reported)
     if (automatic)
         gst_element_set_state(automatic.get(), GST_STATE_NULL);
     if (!std::exchange(no_device_reported, true))
-        qWarning("No audio device could be opened: playing without sound");
+        qCWarning(Media_Log, "No audio device could be opened: playing without sound");
     return Silent_Output();
 }
 

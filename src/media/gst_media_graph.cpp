@@ -1,6 +1,7 @@
 #include "media/gst_media_graph.h"
 
 #include "media/bus_watch.h"
+#include "media/gst_diagnostics.h"
 #include "media/gst_walk.h"
 #include "media/media_kind.h"
 #include "media/playback_pipeline.h"
@@ -21,17 +22,6 @@ constexpr auto Seek_Limit = 3000ms;
 constexpr auto Associated_Limit = 3000ms;
 // Positions this close count as the same place for Restore_Position (seconds).
 constexpr double Restore_Tolerance = 0.1;
-
-QString Message_Text(GstMessage* message)
-{
-    GError* raw_error = nullptr;
-    if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_ERROR)
-        gst_message_parse_error(message, &raw_error, nullptr);
-    else if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_WARNING)
-        gst_message_parse_warning(message, &raw_error, nullptr);
-    G_Error error(raw_error);
-    return error ? QString::fromUtf8(error->message) : QString();
-}
 
 } // namespace
 
@@ -137,8 +127,10 @@ void Gst_Media_Graph::Set_Current_Position(double seconds)
     last_position_ = std::max(0.0, seconds);
     end_reached_ = false;
     moved_at_ = gst_util_get_timestamp();
-    if (!pipeline_->Seek(seconds, Seek_Limit))
-        qWarning("Seeking to %.3f s did not finish in time", seconds);
+    if (!pipeline_->Seek(seconds, Seek_Limit)) {
+        qCWarning(Media_Log, "Seeking to %.3f s did not finish in time", seconds);
+        Dump_Pipeline_Graph(pipeline_->Element(), "seek-failed");
+    }
 }
 
 double Gst_Media_Graph::Duration() const
@@ -271,7 +263,7 @@ void Gst_Media_Graph::Connect_Audio_Stream(int stream)
         return;
     auto saved = saved_audio_pins_.find(stream);
     if (saved == saved_audio_pins_.end()) {
-        qWarning("Audio stream %d was not recorded: nothing to connect", stream);
+        qCWarning(Media_Log, "Audio stream %d was not recorded: nothing to connect", stream);
         return;
     }
     pipeline_->Select_Audio_Input(saved->second.get());
@@ -286,18 +278,39 @@ bool Gst_Media_Graph::Render_Associated_Audio(const QString& path)
         return false;
     }
     QString error;
-    const Pad_Ref pad = pipeline_->Add_Associated_Audio(path, Associated_Limit, error);
+    const Pad_Ref pad = pipeline_->Associated().Add(path, Associated_Limit, error);
     if (!pad) {
         last_error_ = error;
-        qWarning("%s", qUtf8Printable(error));
+        qCWarning(Media_Log, "%s", qUtf8Printable(error));
         return false;
     }
     // The file starts at its beginning: move it alone to where the picture
     // is before it is heard, so both run from the same point of the clock.
-    if (!pipeline_->Align_Associated_Audio(pad.get(), Current_Position()))
-        qWarning("The associated audio file could not be moved to the picture's position");
+    if (!pipeline_->Associated().Align(pad.get(), Current_Position()))
+        qCWarning(Media_Log, "The associated audio file could not be moved to the picture's position");
     pipeline_->Select_Audio_Input(pad.get());
     pipeline_->Set_Muted(false);
+    return true;
+}
+
+bool Gst_Media_Graph::Drop_Associated_Audio()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    if (!pipeline_)
+        return false;
+    Associated_Audio& associated = pipeline_->Associated();
+    if (associated.Empty())
+        return true;
+    // The selector keeps an active pad (the file's first stream, silent)
+    // while the associated input goes.
+    pipeline_->Set_Muted(true);
+    Select_Default_Stream();
+    associated.Start_Removal();
+    GstState state = GST_STATE_NULL;
+    GstState pending = GST_STATE_NULL;
+    gst_element_get_state(pipeline_->Element(), &state, &pending, 0);
+    if (state == GST_STATE_PLAYING && pending == GST_STATE_VOID_PENDING)
+        pipeline_->Finish_Leaving_Audio();
     return true;
 }
 
@@ -335,10 +348,12 @@ void Gst_Media_Graph::On_Bus_Message(GstMessage* message)
     switch (GST_MESSAGE_TYPE(message)) {
     case GST_MESSAGE_ERROR: {
         const QString text = Message_Text(message);
-        if (pipeline_ && pipeline_->From_Abandoned_Branch(GST_MESSAGE_SRC(message))) {
-            qWarning("Associated audio file: %s", qUtf8Printable(text));
+        if (pipeline_ && pipeline_->Associated().From_Abandoned_Branch(GST_MESSAGE_SRC(message))) {
+            qCWarning(Media_Log, "Associated audio file: %s", qUtf8Printable(text));
             break;
         }
+        qCWarning(Media_Log, "%s", qUtf8Printable(text));
+        Dump_Pipeline_Graph(pipeline_ ? pipeline_->Element() : nullptr, "error");
         last_error_ = text;
         QMetaObject::invokeMethod(
             this, [this, id, text] { emit Error_Occurred(id, text); }, Qt::QueuedConnection);
@@ -351,7 +366,7 @@ void Gst_Media_Graph::On_Bus_Message(GstMessage* message)
         QMetaObject::invokeMethod(this, [this, id] { emit End_Of_Stream(id); }, Qt::QueuedConnection);
         break;
     case GST_MESSAGE_WARNING:
-        qWarning("%s", qUtf8Printable(Message_Text(message)));
+        qCWarning(Media_Log, "%s", qUtf8Printable(Message_Text(message)));
         break;
     default:
         break;

@@ -47,6 +47,7 @@ public:
     void Disconnect_Audio_Streams(bool has_video, int stream_count) override;
     void Connect_Audio_Stream(int stream) override;
     bool Render_Associated_Audio(const QString& path) override;
+    bool Drop_Associated_Audio() override;
     void Save_Position() override;
     void Restore_Position() override;
 

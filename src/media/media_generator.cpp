@@ -1,21 +1,14 @@
 #include "media/media_generator.h"
 
-#include <gst/gst.h>
+#include "media/gst_diagnostics.h"
+#include "media/gst_ref.h"
 
 #include <QFile>
 #include <cmath>
-#include <memory>
 
 namespace Orvane::Media_Generator {
 
 namespace {
-
-struct Object_Unref {
-    void operator()(gpointer object) const { gst_object_unref(object); }
-};
-struct Message_Unref {
-    void operator()(GstMessage* message) const { gst_message_unref(message); }
-};
 
 constexpr int Audio_Rate = 44100;
 constexpr int Samples_Per_Buffer = 1024;
@@ -55,33 +48,26 @@ QString Quoted(const QString& path)
 
 bool Run_Pipeline(const QString& launch_description, QString* error)
 {
-    GError* parse_error = nullptr;
-    std::unique_ptr<GstElement, Object_Unref> pipeline(
-        gst_parse_launch(launch_description.toUtf8().constData(), &parse_error));
-    if (parse_error) {
+    GError* raw_error = nullptr;
+    // A parsed pipeline comes floating: sunk, it is owned here like any other.
+    const Element_Ref pipeline =
+        Element_Ref::Sink(gst_parse_launch(launch_description.toUtf8().constData(), &raw_error));
+    const G_Error parse_error(raw_error);
+    if (parse_error || !pipeline) {
         if (error)
-            *error = QString::fromUtf8(parse_error->message);
-        g_error_free(parse_error);
+            *error = parse_error ? QString::fromUtf8(parse_error->message) : QStringLiteral("no pipeline");
         if (pipeline)
             gst_element_set_state(pipeline.get(), GST_STATE_NULL);
         return false;
     }
-    std::unique_ptr<GstBus, Object_Unref> bus(gst_element_get_bus(pipeline.get()));
+    const Bus_Ref bus = Bus_Ref::Adopt(gst_element_get_bus(pipeline.get()));
     gst_element_set_state(pipeline.get(), GST_STATE_PLAYING);
     // Generous: on a loaded build machine the MPEG-2 encoder alone takes tens of seconds.
-    std::unique_ptr<GstMessage, Message_Unref> message(gst_bus_timed_pop_filtered(
+    const Message_Ref message = Message_Ref::Adopt(gst_bus_timed_pop_filtered(
         bus.get(), 180 * GST_SECOND, GstMessageType(GST_MESSAGE_EOS | GST_MESSAGE_ERROR)));
-    bool finished = message && GST_MESSAGE_TYPE(message.get()) == GST_MESSAGE_EOS;
-    if (!finished && error) {
-        if (!message) {
-            *error = QStringLiteral("timed out");
-        } else {
-            GError* run_error = nullptr;
-            gst_message_parse_error(message.get(), &run_error, nullptr);
-            *error = QString::fromUtf8(run_error->message);
-            g_error_free(run_error);
-        }
-    }
+    const bool finished = message && GST_MESSAGE_TYPE(message.get()) == GST_MESSAGE_EOS;
+    if (!finished && error)
+        *error = message ? Message_Text(message.get()) : QStringLiteral("timed out");
     gst_element_set_state(pipeline.get(), GST_STATE_NULL);
     return finished;
 }

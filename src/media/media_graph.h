@@ -53,6 +53,10 @@ public:
     virtual void Connect_Audio_Stream(int stream) = 0;     // neither stops nor runs
     // Renders an associated audio file into the same pipeline (shared clock).
     virtual bool Render_Associated_Audio(const QString& path) = 0;
+    // Takes the associated files rendered out of the pipeline in place, the
+    // position kept; nothing is heard until a stream is connected or another
+    // file rendered. False when only opening the file again drops them.
+    virtual bool Drop_Associated_Audio() = 0;
     virtual void Save_Position() = 0;
     virtual void Restore_Position() = 0;
 

@@ -2,33 +2,22 @@
 #include "base/file_kind.h"
 
 #include "media/audio_output.h"
+#include "media/gst_diagnostics.h"
 #include "media/gst_walk.h"
 #include "media/media_kind.h"
 #include "media/parsed_length.h"
 
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 
 namespace Orvane {
 
 namespace {
 
-constexpr int Selector_Index = 0;
-constexpr int Volume_Index = 3;
-
-QString Error_Text(GstMessage* message)
-{
-    GError* raw_error = nullptr;
-    gst_message_parse_error(message, &raw_error, nullptr);
-    G_Error error(raw_error);
-    return error ? QString::fromUtf8(error->message) : QStringLiteral("unknown error");
-}
-
-bool Descends_From(GstObject* object, GstElement* ancestor)
-{
-    return object && ancestor
-        && (object == GST_OBJECT(ancestor) || gst_object_has_as_ancestor(object, GST_OBJECT(ancestor)));
-}
+// How long a call to play waits for the pipeline to play before it completes
+// the removal of an associated file; past it, the next call completes it.
+constexpr GstClockTime Removal_Wait = 500 * GST_MSECOND;
 
 // Adds elements to the bin, links them in order and brings them to the bin's
 // state, the most downstream first so nothing pushes into a stopped element.
@@ -53,21 +42,15 @@ bool Link_Pads(GstPad* source, GstElement* element, const char* sink_name = "sin
 
 } // namespace
 
-struct Playback_Pipeline::Associated_Branch {
-    Playback_Pipeline* Owner = nullptr;
-    Element_Ref Source;
-    Element_Ref Decoder;
-    Signal_Connection Pad_Added;
-    Signal_Connection No_More_Pads;
-    // Guarded by the owner's mutex_.
-    Pad_Ref Selector_Pad;
-    bool Failed = false;
-    QString Error;
-};
-
 Playback_Pipeline::Playback_Pipeline(int pipeline_id, Frame_Mailbox& mailbox)
-    : video_(std::make_unique<Video_Frame_Sink>(mailbox, pipeline_id))
+    : video_(std::make_unique<Video_Frame_Sink>(mailbox, pipeline_id)),
+      associated_(std::make_unique<Associated_Audio>(*this))
 {
+}
+
+std::vector<GstElement*> Playback_Pipeline::Audio_Output_Chain::In_Order() const
+{
+    return {Selector.get(), Convert.get(), Resample.get(), Volume.get(), Output.get()};
 }
 
 Playback_Pipeline::~Playback_Pipeline()
@@ -77,9 +60,9 @@ Playback_Pipeline::~Playback_Pipeline()
         gst_element_set_state(pipeline_.get(), GST_STATE_NULL);
     // Chains that never joined the pipeline (a file without sound) may have
     // left NULL: the audio output opens its device on its own.
-    for (const Element_Ref& element : audio_chain_)
+    for (GstElement* element : audio_.In_Order())
         if (element)
-            gst_element_set_state(element.get(), GST_STATE_NULL);
+            gst_element_set_state(element, GST_STATE_NULL);
 }
 
 std::unique_ptr<Playback_Pipeline> Playback_Pipeline::Open(const QString& path, const Setup& setup,
@@ -108,13 +91,13 @@ bool Playback_Pipeline::Build(const QString& path, bool& no_audio_device_reporte
     pipeline_ = Element_Ref::Sink(gst_pipeline_new("playback"));
     const Element_Ref source = Make_Element("filesrc", "file_source");
     decoder_ = Make_Element("decodebin", "file_decoder");
-    audio_chain_ = {Make_Element("input-selector", "audio_selector"),
-                    Make_Element("audioconvert", "audio_convert"),
-                    Make_Element("audioresample", "audio_resample"),
-                    Make_Element("volume", "audio_volume"),
-                    Make_Audio_Output(no_audio_device_reported)};
+    audio_.Selector = Make_Element("input-selector", "audio_selector");
+    audio_.Convert = Make_Element("audioconvert", "audio_convert");
+    audio_.Resample = Make_Element("audioresample", "audio_resample");
+    audio_.Volume = Make_Element("volume", "audio_volume");
+    audio_.Output = Make_Audio_Output(no_audio_device_reported);
     bool complete = pipeline_ && source && decoder_ && video_->Branch();
-    for (const Element_Ref& element : audio_chain_)
+    for (GstElement* element : audio_.In_Order())
         complete = complete && element;
     if (!complete) {
         error = QStringLiteral("A GStreamer element the player needs is missing");
@@ -123,7 +106,7 @@ bool Playback_Pipeline::Build(const QString& path, bool& no_audio_device_reporte
     // Streams not heard are dropped in step with the clock, as if played: a
     // switch goes on from the moment being heard, and no stream waits for
     // another (which would stall the demuxer feeding them all).
-    g_object_set(audio_chain_[Selector_Index].get(), "sync-streams", TRUE, "sync-mode", 1 /* clock */,
+    g_object_set(audio_.Selector.get(), "sync-streams", TRUE, "sync-mode", 1 /* clock */,
                  "cache-buffers", TRUE, nullptr);
     g_object_set(source.get(), "location", QFile::encodeName(path).constData(), nullptr);
     gst_bin_add_many(GST_BIN(pipeline_.get()), source.get(), decoder_.get(), nullptr);
@@ -132,7 +115,7 @@ bool Playback_Pipeline::Build(const QString& path, bool& no_audio_device_reporte
         return false;
     }
     pad_added_ = Signal_Connection(decoder_.get(), "pad-added", G_CALLBACK(&Playback_Pipeline::On_Pad_Added), this);
-    sync_handler_ = std::make_unique<Bus_Sync_Handler>(Bus(), &Playback_Pipeline::On_Sync_Message, this);
+    sync_handler_ = std::make_unique<Bus_Sync_Handler>(Bus(), &Associated_Audio::On_Sync_Message, associated_.get());
     return true;
 }
 
@@ -149,10 +132,12 @@ bool Playback_Pipeline::Preroll(Duration_Limit limit, QString& error)
         if (!message) {
             error = refused ? QStringLiteral("The file cannot be played")
                             : QStringLiteral("The file did not open in time");
+            Dump_Pipeline_Graph(pipeline_.get(), refused ? "refused" : "preroll-timeout");
             return false;
         }
         if (GST_MESSAGE_TYPE(message.get()) == GST_MESSAGE_ERROR) {
-            error = Error_Text(message.get());
+            error = Message_Text(message.get());
+            Dump_Pipeline_Graph(pipeline_.get(), "preroll-error");
             return false;
         }
         if (GST_MESSAGE_SRC(message.get()) == GST_OBJECT(pipeline_.get()))
@@ -177,7 +162,23 @@ double Playback_Pipeline::Duration() const
 
 void Playback_Pipeline::Set_State(GstState state)
 {
-    gst_element_set_state(pipeline_.get(), state);
+    GstStateChangeReturn result = gst_element_set_state(pipeline_.get(), state);
+    if (state != GST_STATE_PLAYING || !associated_->Removal_Pending())
+        return;
+    // The leaving branch's thread is free once the audio sink plays, which
+    // may take the pipeline a moment (it may still be prerolling).
+    if (result == GST_STATE_CHANGE_ASYNC)
+        result = gst_element_get_state(pipeline_.get(), nullptr, nullptr, Removal_Wait);
+    if (result == GST_STATE_CHANGE_SUCCESS)
+        Finish_Leaving_Audio();
+}
+
+void Playback_Pipeline::Finish_Leaving_Audio()
+{
+    if (associated_->Removal_Pending() && !associated_->Finish_Removal()) {
+        qCWarning(Media_Log, "An associated audio file would not leave the pipeline");
+        Dump_Pipeline_Graph(pipeline_.get(), "associated-removal");
+    }
 }
 
 bool Playback_Pipeline::Wait_Until_Settled(Duration_Limit limit) const
@@ -211,18 +212,18 @@ bool Playback_Pipeline::Seek(double seconds, Duration_Limit limit)
 
 void Playback_Pipeline::Set_Volume(double linear)
 {
-    g_object_set(audio_chain_[Volume_Index].get(), "volume", linear, nullptr);
+    g_object_set(audio_.Volume.get(), "volume", linear, nullptr);
 }
 
 void Playback_Pipeline::Set_Muted(bool muted)
 {
-    g_object_set(audio_chain_[Volume_Index].get(), "mute", gboolean(muted), nullptr);
+    g_object_set(audio_.Volume.get(), "mute", gboolean(muted), nullptr);
 }
 
 bool Playback_Pipeline::Muted() const
 {
     gboolean muted = FALSE;
-    g_object_get(audio_chain_[Volume_Index].get(), "mute", &muted, nullptr);
+    g_object_get(audio_.Volume.get(), "mute", &muted, nullptr);
     return muted;
 }
 
@@ -243,15 +244,28 @@ std::vector<Playback_Pipeline::Audio_Input> Playback_Pipeline::Audio_Inputs() co
     return inputs;
 }
 
+Pad_Ref Playback_Pipeline::Forget_Audio_Input(GstPad* selector_pad)
+{
+    std::lock_guard lock(mutex_);
+    const auto input = std::find_if(audio_inputs_.begin(), audio_inputs_.end(), [selector_pad](const Audio_Input& input) {
+        return input.Selector_Pad.get() == selector_pad;
+    });
+    if (input == audio_inputs_.end())
+        return nullptr;
+    Pad_Ref entry = input->Entry_Pad;
+    audio_inputs_.erase(input);
+    return entry;
+}
+
 void Playback_Pipeline::Select_Audio_Input(GstPad* selector_pad)
 {
-    g_object_set(audio_chain_[Selector_Index].get(), "active-pad", selector_pad, nullptr);
+    g_object_set(audio_.Selector.get(), "active-pad", selector_pad, nullptr);
 }
 
 Pad_Ref Playback_Pipeline::Selected_Audio_Input() const
 {
     GstPad* active = nullptr;
-    g_object_get(audio_chain_[Selector_Index].get(), "active-pad", &active, nullptr);
+    g_object_get(audio_.Selector.get(), "active-pad", &active, nullptr);
     return Pad_Ref::Adopt(active);
 }
 
@@ -266,106 +280,7 @@ Element_Ref Playback_Pipeline::Find_Splitter() const
     return splitter;
 }
 
-Pad_Ref Playback_Pipeline::Add_Associated_Audio(const QString& path, Duration_Limit limit, QString& error)
-{
-    // A named pipe or a device is refused like an unreadable file: filesrc
-    // would wait in its open, and the window with it.
-    if (!QFileInfo(path).isReadable() || !Is_Regular_File(path)) {
-        error = QStringLiteral("Cannot read \"%1\"").arg(path);
-        return nullptr;
-    }
-    auto branch = std::make_unique<Associated_Branch>();
-    branch->Owner = this;
-    branch->Source = Make_Element("filesrc");
-    branch->Decoder = Make_Element("decodebin");
-    if (!branch->Source || !branch->Decoder) {
-        error = QStringLiteral("A GStreamer element the player needs is missing");
-        return nullptr;
-    }
-    g_object_set(branch->Source.get(), "location", QFile::encodeName(path).constData(), nullptr);
-    gst_bin_add_many(GST_BIN(pipeline_.get()), branch->Source.get(), branch->Decoder.get(), nullptr);
-    gst_element_link(branch->Source.get(), branch->Decoder.get());
-    Associated_Branch* raw = branch.get();
-    branch->Pad_Added = Signal_Connection(branch->Decoder.get(), "pad-added",
-                                          G_CALLBACK(&Playback_Pipeline::On_Associated_Pad_Added), raw);
-    branch->No_More_Pads = Signal_Connection(branch->Decoder.get(), "no-more-pads",
-                                             G_CALLBACK(&Playback_Pipeline::On_Associated_No_More_Pads), raw);
-    {
-        std::lock_guard lock(mutex_);
-        associated_.push_back(std::move(branch));
-    }
-    gst_element_sync_state_with_parent(raw->Decoder.get());
-    gst_element_sync_state_with_parent(raw->Source.get());
-
-    Pad_Ref selector_pad;
-    {
-        std::unique_lock lock(mutex_);
-        branch_settled_.wait_for(lock, limit, [raw] { return raw->Selector_Pad || raw->Failed; });
-        selector_pad = raw->Selector_Pad;
-        if (!selector_pad)
-            error = raw->Error.isEmpty() ? QStringLiteral("No sound could be decoded from \"%1\"").arg(path)
-                                         : raw->Error;
-    }
-    if (selector_pad)
-        return selector_pad;
-
-    // Take the failed file out; messages it already posted are ignored.
-    gst_element_set_state(raw->Source.get(), GST_STATE_NULL);
-    gst_element_set_state(raw->Decoder.get(), GST_STATE_NULL);
-    abandoned_.push_back(raw->Source);
-    abandoned_.push_back(raw->Decoder);
-    gst_bin_remove_many(GST_BIN(pipeline_.get()), raw->Source.get(), raw->Decoder.get(), nullptr);
-    return nullptr;
-}
-
-GstClockTime Playback_Pipeline::Running_Time_Of(double position) const
-{
-    std::vector<Pad_Ref> candidates;
-    if (const Element_Ref video_sink =
-            Element_Ref::Adopt(gst_bin_get_by_name(GST_BIN(pipeline_.get()), "video_sink")))
-        candidates.push_back(Pad_Ref::Adopt(gst_element_get_static_pad(video_sink.get(), "sink")));
-    candidates.push_back(Pad_Ref::Adopt(gst_element_get_static_pad(audio_chain_[Selector_Index].get(), "src")));
-    const guint64 target = guint64(std::max(0.0, position) * double(GST_SECOND));
-    for (const Pad_Ref& pad : candidates) {
-        if (!pad)
-            continue;
-        const Gst_Ref<GstEvent> event =
-            Gst_Ref<GstEvent>::Adopt(gst_pad_get_sticky_event(pad.get(), GST_EVENT_SEGMENT, 0));
-        if (!event)
-            continue;
-        const GstSegment* segment = nullptr;
-        gst_event_parse_segment(event.get(), &segment);
-        const GstClockTime running = gst_segment_to_running_time(segment, GST_FORMAT_TIME, target);
-        if (GST_CLOCK_TIME_IS_VALID(running))
-            return running;
-    }
-    return 0;
-}
-
-bool Playback_Pipeline::Align_Associated_Audio(GstPad* selector_pad, double position)
-{
-    Pad_Ref entry;
-    for (const Audio_Input& input : Audio_Inputs())
-        if (input.Selector_Pad.get() == selector_pad && input.Associated)
-            entry = input.Entry_Pad;
-    if (!entry)
-        return false;
-    gst_pad_set_offset(entry.get(), gint64(Running_Time_Of(position)));
-    GstEvent* seek = gst_event_new_seek(1.0, GST_FORMAT_TIME,
-                                        GstSeekFlags(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE),
-                                        GST_SEEK_TYPE_SET, gint64(std::max(0.0, position) * double(GST_SECOND)),
-                                        GST_SEEK_TYPE_NONE, GST_CLOCK_TIME_NONE);
-    return gst_pad_push_event(entry.get(), seek);
-}
-
-bool Playback_Pipeline::From_Abandoned_Branch(GstObject* source) const
-{
-    for (const Element_Ref& element : abandoned_)
-        if (Descends_From(source, element.get()))
-            return true;
-    return false;
-}
-
+// Streaming thread.
 void Playback_Pipeline::On_Pad_Added(GstElement*, GstPad* pad, gpointer self)
 {
     auto* pipeline = static_cast<Playback_Pipeline*>(self);
@@ -378,54 +293,7 @@ void Playback_Pipeline::On_Pad_Added(GstElement*, GstPad* pad, gpointer self)
         pipeline->Link_Elsewhere(pad);
 }
 
-void Playback_Pipeline::On_Associated_Pad_Added(GstElement*, GstPad* pad, gpointer data)
-{
-    auto* branch = static_cast<Associated_Branch*>(data);
-    Playback_Pipeline* pipeline = branch->Owner;
-    bool wanted = false;
-    if (Pad_Media_Type(pad).startsWith(QStringLiteral("audio/"))) {
-        std::lock_guard lock(pipeline->mutex_);
-        wanted = !branch->Selector_Pad && !branch->Failed;
-    }
-    if (!wanted) {
-        pipeline->Link_Elsewhere(pad);
-        return;
-    }
-    Pad_Ref selector_pad = pipeline->Link_Audio(pad, true);
-    std::lock_guard lock(pipeline->mutex_);
-    branch->Selector_Pad = selector_pad;
-    branch->Failed = !selector_pad;
-    pipeline->branch_settled_.notify_all();
-}
-
-void Playback_Pipeline::On_Associated_No_More_Pads(GstElement*, gpointer data)
-{
-    auto* branch = static_cast<Associated_Branch*>(data);
-    std::lock_guard lock(branch->Owner->mutex_);
-    if (!branch->Selector_Pad) {
-        branch->Failed = true;
-        branch->Owner->branch_settled_.notify_all();
-    }
-}
-
-void Playback_Pipeline::On_Sync_Message(GstMessage* message, gpointer self)
-{
-    if (GST_MESSAGE_TYPE(message) != GST_MESSAGE_ERROR)
-        return;
-    auto* pipeline = static_cast<Playback_Pipeline*>(self);
-    std::lock_guard lock(pipeline->mutex_);
-    for (const auto& branch : pipeline->associated_) {
-        if (branch->Selector_Pad || branch->Failed)
-            continue;
-        if (Descends_From(GST_MESSAGE_SRC(message), branch->Decoder.get())
-            || Descends_From(GST_MESSAGE_SRC(message), branch->Source.get())) {
-            branch->Failed = true;
-            branch->Error = Error_Text(message);
-            pipeline->branch_settled_.notify_all();
-        }
-    }
-}
-
+// Streaming thread, with structure_mutex_ held.
 Caps_Ref Playback_Pipeline::Common_Audio_Caps(GstPad* first_pad)
 {
     if (common_audio_caps_)
@@ -445,7 +313,8 @@ Caps_Ref Playback_Pipeline::Common_Audio_Caps(GstPad* first_pad)
     return common_audio_caps_;
 }
 
-Pad_Ref Playback_Pipeline::Link_Audio(GstPad* pad, bool associated)
+// Streaming thread.
+Pad_Ref Playback_Pipeline::Link_Audio(GstPad* pad, bool associated, std::vector<Element_Ref>* added)
 {
     std::lock_guard structure(structure_mutex_);
     bool chain_added = false;
@@ -454,10 +323,7 @@ Pad_Ref Playback_Pipeline::Link_Audio(GstPad* pad, bool associated)
         chain_added = audio_chain_added_;
     }
     if (!chain_added) {
-        std::vector<GstElement*> chain;
-        for (const Element_Ref& element : audio_chain_)
-            chain.push_back(element.get());
-        if (!Add_Chain(GST_BIN(pipeline_.get()), chain))
+        if (!Add_Chain(GST_BIN(pipeline_.get()), audio_.In_Order()))
             return nullptr;
         std::lock_guard lock(mutex_);
         audio_chain_added_ = true;
@@ -473,10 +339,12 @@ Pad_Ref Playback_Pipeline::Link_Audio(GstPad* pad, bool associated)
     g_object_set(format.get(), "caps", Common_Audio_Caps(pad).get(), nullptr);
     GstBin* bin = GST_BIN(pipeline_.get());
     gst_bin_add_many(bin, convert.get(), resample.get(), format.get(), nullptr);
+    if (added)
+        *added = {convert, resample, format};
     if (!gst_element_link_many(convert.get(), resample.get(), format.get(), nullptr))
         return nullptr;
     Pad_Ref selector_pad = Pad_Ref::Adopt(
-        gst_element_request_pad_simple(audio_chain_[Selector_Index].get(), "sink_%u"));
+        gst_element_request_pad_simple(audio_.Selector.get(), "sink_%u"));
     Pad_Ref format_output = Pad_Ref::Adopt(gst_element_get_static_pad(format.get(), "src"));
     if (!selector_pad || !GST_PAD_LINK_SUCCESSFUL(gst_pad_link(format_output.get(), selector_pad.get())))
         return nullptr;
@@ -491,6 +359,7 @@ Pad_Ref Playback_Pipeline::Link_Audio(GstPad* pad, bool associated)
     return selector_pad;
 }
 
+// Streaming thread.
 void Playback_Pipeline::Link_Video(GstPad* pad)
 {
     bool first = false;
@@ -510,18 +379,20 @@ void Playback_Pipeline::Link_Video(GstPad* pad)
     }
 }
 
-void Playback_Pipeline::Link_Elsewhere(GstPad* pad)
+// Streaming thread.
+Element_Ref Playback_Pipeline::Link_Elsewhere(GstPad* pad)
 {
     Element_Ref sink = Make_Element("fakesink");
     if (!sink)
-        return;
+        return nullptr;
     // A sparse stream (subtitles) must not hold up the preroll.
     g_object_set(sink.get(), "sync", FALSE, "async", FALSE, nullptr);
     std::lock_guard structure(structure_mutex_);
-    if (gst_bin_add(GST_BIN(pipeline_.get()), sink.get())) {
-        Link_Pads(pad, sink.get());
-        gst_element_sync_state_with_parent(sink.get());
-    }
+    if (!gst_bin_add(GST_BIN(pipeline_.get()), sink.get()))
+        return nullptr;
+    Link_Pads(pad, sink.get());
+    gst_element_sync_state_with_parent(sink.get());
+    return sink;
 }
 
 } // namespace Orvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "media/associated_audio.h"
 #include "media/bus_sync_handler.h"
 #include "media/gst_ref.h"
 #include "media/signal_connection.h"
@@ -8,7 +9,6 @@
 #include <QSize>
 #include <QString>
 #include <chrono>
-#include <condition_variable>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -23,9 +23,14 @@ class Frame_Mailbox;
 //   audioconvert ! audioresample ! capsfilter (one format for all) into a pad of its own of
 //   input-selector ! audioconvert ! audioresample ! volume ! output,
 //   the picture into the video branch (Video_Frame_Sink), anything else to a fakesink;
-// and for each associated audio file, filesrc ! decodebin into one more
-// selector pad. The selector's active pad is the one heard. The audio and
-// video chains join the pipeline with the first stream of their kind.
+// and for each associated audio file (Associated_Audio) one more selector
+// pad. The selector's active pad is the one heard. The audio and video
+// chains join the pipeline with the first stream of their kind.
+//
+// Locking: a streaming thread that adds elements holds structure_mutex_ and,
+// inside it, takes mutex_ for short reads and writes; so the order is always
+// structure_mutex_ then mutex_, and mutex_ is never held while taking
+// structure_mutex_.
 class Playback_Pipeline {
 public:
     using Duration_Limit = std::chrono::milliseconds;
@@ -58,7 +63,10 @@ public:
     double Duration() const;
     QSize Video_Size() const { return video_size_; }
 
+    // Playing also completes the removal of associated files that were left
+    // while paused (see Associated_Audio::Start_Removal).
     void Set_State(GstState state);
+    void Finish_Leaving_Audio();
     // Waits for a pending state change (a preroll after a seek) to finish.
     bool Wait_Until_Settled(Duration_Limit limit) const;
     std::optional<double> Position() const;
@@ -75,52 +83,52 @@ public:
     // The AVI or MPEG splitter that decoding put into the pipeline, if any.
     Element_Ref Find_Splitter() const;
 
-    // Renders an associated audio file into this pipeline; its selector pad,
-    // or nothing with error set (the file's elements are taken out again).
-    Pad_Ref Add_Associated_Audio(const QString& path, Duration_Limit limit, QString& error);
-    // Moves an associated file's branch, on its own, to position: the part
-    // of the file at position plays at the running time the picture shows
-    // it, without flushing (and prerolling again) the rest of the pipeline.
-    bool Align_Associated_Audio(GstPad* selector_pad, double position);
-    // A message from the elements of an associated file that failed.
-    bool From_Abandoned_Branch(GstObject* source) const;
+    Associated_Audio& Associated() { return *associated_; }
+    const Associated_Audio& Associated() const { return *associated_; }
 
 private:
-    struct Associated_Branch;
+    friend class Associated_Audio;  // links its files' pads as this pipeline links its own
+
+    // The shared end of the audio, in order from selector to output, named
+    // by their job as an audio-output bin names its parts.
+    struct Audio_Output_Chain {
+        Element_Ref Selector;  // input-selector: the input heard
+        Element_Ref Convert;
+        Element_Ref Resample;
+        Element_Ref Volume;
+        Element_Ref Output;
+        std::vector<GstElement*> In_Order() const;
+    };
 
     explicit Playback_Pipeline(int pipeline_id, Frame_Mailbox& mailbox);
     bool Build(const QString& path, bool& no_audio_device_reported, QString& error);
     bool Preroll(Duration_Limit limit, QString& error);
 
-    // Streaming threads.
+    // Streaming threads (a decodebin's pad-added), each of them.
     static void On_Pad_Added(GstElement* decoder, GstPad* pad, gpointer self);
-    static void On_Associated_Pad_Added(GstElement* decoder, GstPad* pad, gpointer branch);
-    static void On_Associated_No_More_Pads(GstElement* decoder, gpointer branch);
-    static void On_Sync_Message(GstMessage* message, gpointer self);
-    Pad_Ref Link_Audio(GstPad* pad, bool associated);
+    // The selector pad the stream now feeds; what was added for it goes to
+    // added when given.
+    Pad_Ref Link_Audio(GstPad* pad, bool associated, std::vector<Element_Ref>* added = nullptr);
     Caps_Ref Common_Audio_Caps(GstPad* first_pad);  // with structure_mutex_ held
-    // The running time at which the picture (or the sound heard) shows position.
-    GstClockTime Running_Time_Of(double position) const;
+    // Drops the input of selector_pad from Audio_Inputs; its entry pad.
+    Pad_Ref Forget_Audio_Input(GstPad* selector_pad);
     void Link_Video(GstPad* pad);
-    void Link_Elsewhere(GstPad* pad);
+    Element_Ref Link_Elsewhere(GstPad* pad);  // the fakesink it now feeds
 
     Element_Ref pipeline_;
     Element_Ref decoder_;
-    // The audio chain, in order from selector to output.
-    std::vector<Element_Ref> audio_chain_;
+    Audio_Output_Chain audio_;
     std::unique_ptr<Video_Frame_Sink> video_;
-    std::unique_ptr<Bus_Sync_Handler> sync_handler_;
+    std::unique_ptr<Associated_Audio> associated_;
+    std::unique_ptr<Bus_Sync_Handler> sync_handler_;  // goes before the associated files it reports to
     Signal_Connection pad_added_;
-    std::vector<std::unique_ptr<Associated_Branch>> associated_;
-    std::vector<Element_Ref> abandoned_;
     QSize video_size_;
     mutable double duration_ = 0.0;
 
     // Held by streaming threads while they add elements, so that two streams
-    // never add the same chain; never held while waiting for mutex_.
+    // never add the same chain.
     std::mutex structure_mutex_;
     mutable std::mutex mutex_;  // guards what streaming threads touch below
-    std::condition_variable branch_settled_;
     Caps_Ref common_audio_caps_;  // guarded by structure_mutex_
     bool audio_chain_added_ = false;
     bool video_chain_added_ = false;

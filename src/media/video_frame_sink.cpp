@@ -5,16 +5,20 @@
 #include <gst/app/gstappsink.h>
 #include <gst/video/video.h>
 
+#include <memory>
+
 namespace Orvane {
 
 namespace {
 
-// A mapped video frame, unmapped when this object goes.
+// A video frame mapped for reading, with the buffer it keeps referenced:
+// unmapped, and the buffer given back to its pool, when this object goes.
 class Mapped_Frame {
 public:
     Mapped_Frame(GstBuffer* buffer, const GstVideoInfo& info)
     {
         GstVideoInfo copy = info;
+        // Mapping takes its own reference on the buffer until the unmap.
         mapped_ = gst_video_frame_map(&frame_, &copy, buffer, GST_MAP_READ);
     }
     ~Mapped_Frame()
@@ -28,6 +32,9 @@ public:
     bool Mapped() const { return mapped_; }
     const GstVideoFrame& Frame() const { return frame_; }
 
+    // A QImage's cleanup: the last copy of the image is gone.
+    static void Release(void* frame) { delete static_cast<Mapped_Frame*>(frame); }
+
 private:
     GstVideoFrame frame_{};
     bool mapped_ = false;
@@ -40,7 +47,7 @@ Video_Frame_Sink::Video_Frame_Sink(Frame_Mailbox& mailbox, int pipeline_id)
 {
     GError* raw_error = nullptr;
     branch_ = Element_Ref::Sink(gst_parse_bin_from_description(
-        "videoconvert name=video_convert ! appsink name=video_sink sync=true "
+        "videoconvert name=video_convert n-threads=0 ! appsink name=video_sink sync=true "
         "enable-last-sample=false caps=video/x-raw,format={BGRx,RGBx}",
         TRUE, &raw_error));
     G_Error error(raw_error);
@@ -124,13 +131,20 @@ QImage Video_Frame_Sink::To_Image(GstSample* sample)
     }
     if (format == QImage::Format_Invalid)
         return {};
-    Mapped_Frame mapped(buffer, info);
-    if (!mapped.Mapped())
+    auto mapped = std::make_unique<Mapped_Frame>(buffer, info);
+    if (!mapped->Mapped())
         return {};
-    const QImage view(static_cast<const uchar*>(GST_VIDEO_FRAME_PLANE_DATA(&mapped.Frame(), 0)),
-                      GST_VIDEO_FRAME_WIDTH(&mapped.Frame()), GST_VIDEO_FRAME_HEIGHT(&mapped.Frame()),
-                      GST_VIDEO_FRAME_PLANE_STRIDE(&mapped.Frame(), 0), format);
-    return view.copy();
+    const GstVideoFrame& frame = mapped->Frame();
+    // Read-only over the decoder's memory: the image keeps the frame mapped
+    // (and its buffer alive, whatever becomes of the pipeline) until its last
+    // copy goes; a writer would get a copy of its own.
+    QImage image(static_cast<const uchar*>(GST_VIDEO_FRAME_PLANE_DATA(&frame, 0)), GST_VIDEO_FRAME_WIDTH(&frame),
+                 GST_VIDEO_FRAME_HEIGHT(&frame), GST_VIDEO_FRAME_PLANE_STRIDE(&frame, 0), format,
+                 &Mapped_Frame::Release, mapped.get());
+    if (image.isNull())
+        return {};
+    mapped.release();  // the image owns it now
+    return image;
 }
 
 } // namespace Orvane

@@ -10,7 +10,8 @@ namespace Orvane {
 class Frame_Mailbox;
 
 // The video branch of a pipeline: videoconvert into an appsink (BGRx or
-// RGBx) whose frames, prerolled or played, go to the mailbox as images.
+// RGBx) whose frames, prerolled or played, go to the mailbox as images over
+// the decoded buffers themselves.
 // The pipeline must be stopped (NULL) before this object goes.
 class Video_Frame_Sink {
 public:
@@ -24,7 +25,9 @@ public:
     // The size of the frames negotiated, empty before.
     QSize Frame_Size() const;
 
-    // A deep copy of the sample's picture (null when it cannot be mapped).
+    // The sample's picture, without a copy: an image over the mapped buffer,
+    // which stays mapped and referenced until the image's last copy goes
+    // (null when it cannot be mapped).
     static QImage To_Image(GstSample* sample);
 
 private:

@@ -68,12 +68,13 @@ void Audio_Menus::Clear_Audio_Menus(int track_number)
     view.Set_Separation_Visible(false);
 }
 
-bool Audio_Menus::Rebuild_Graph(const Track_Record& track)
+bool Audio_Menus::Leave_Associated_Audio(const Track_Record& track)
 {
-    // Rendering the file again is the only way to drop an associated file
-    // from the graph; the position is carried across by the caller.
+    // The associated file leaves the running graph in place; when it cannot,
+    // rendering the file again drops it. The position is carried across by
+    // the caller either way.
     context_.graph.Stop();
-    if (!session_.Open_Graph(track.Path))
+    if (!context_.graph.Drop_Associated_Audio() && !session_.Open_Graph(track.Path))
         return false;
     session_.Reapply_Full_Screen();
     return true;
@@ -99,7 +100,7 @@ void Audio_Menus::Choose_Stream(int k)
     } else {
         view.Set_Associated_Checked(state.Audio_Choice - streams, false);
         graph.Save_Position();
-        if (!Rebuild_Graph(*track))
+        if (!Leave_Associated_Audio(*track))
             return;
         graph.Record_Audio_Pins(track->Has_Video, streams);
         graph.Disconnect_Audio_Streams(track->Has_Video, streams);
@@ -135,7 +136,7 @@ void Audio_Menus::Choose_Associated(int j)
     } else {
         view.Set_Associated_Checked(state.Audio_Choice - streams, false);
         graph.Save_Position();
-        if (!Rebuild_Graph(*track))
+        if (!Leave_Associated_Audio(*track))
             return;
         if (streams != 0) {
             graph.Record_Audio_Pins(track->Has_Video, streams);

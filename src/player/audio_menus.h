@@ -28,7 +28,8 @@ public:
     void Choose_Associated(int j);
 
 private:
-    bool Rebuild_Graph(const Track_Record& track);
+    // Takes the associated file away (in place, or by opening the file again).
+    bool Leave_Associated_Audio(const Track_Record& track);
 
     Player_Context& context_;
     Playback_Session& session_;

@@ -2,6 +2,7 @@
 // file in the file's place, aligned with the picture.
 #include "audio_probe.h"
 #include "media/gst_media_graph.h"
+#include "media/gst_walk.h"
 #include "support/generated_media.h"
 
 #include <gtest/gtest.h>
@@ -120,6 +121,62 @@ TEST_F(Audio_Choice, AnAssociatedFileReplacesTheSoundAlignedWithThePictureBefore
     graph_.Disconnect_Audio_Streams(true, 3);
     graph_.Connect_Audio_Stream(2);
     EXPECT_EQ(Heard_Tone(), 660);
+}
+
+// The file sources in the pipeline: the file's own and one per associated file.
+int File_Sources(GstElement* pipeline)
+{
+    int count = 0;
+    for (const Element_Ref& element : Bin_Elements(GST_BIN(pipeline), false))
+        count += Factory_Name(element.get()) == QStringLiteral("filesrc");
+    return count;
+}
+
+TEST_F(Audio_Choice, AnAssociatedFileLeavesInPlaceForAStreamAtThePositionItWasHeard)
+{
+    Open(Support::Media().Avi_Three_Streams);
+    graph_.Record_Audio_Pins(true, 3);
+    graph_.Set_Current_Position(1.0);
+    graph_.Disconnect_Audio_Streams(true, 3);
+    ASSERT_TRUE(graph_.Render_Associated_Audio(Support::Media().Associated_Wav)) << graph_.Last_Error().toStdString();
+    EXPECT_EQ(Heard_Tone(), 1320);
+    const int pipeline_id = graph_.Pipeline_Id();
+    graph_.Save_Position();
+    const double left_at = graph_.Current_Position();
+
+    // The player's sequence for choosing stream 2 again.
+    ASSERT_TRUE(graph_.Drop_Associated_Audio());
+    EXPECT_EQ(graph_.Pipeline_Id(), pipeline_id) << "the file was opened again";
+    EXPECT_EQ(graph_.Heard_Stream(), -1);
+    graph_.Record_Audio_Pins(true, 3);
+    graph_.Disconnect_Audio_Streams(true, 3);
+    graph_.Restore_Position();
+    graph_.Connect_Audio_Stream(2);
+    EXPECT_NEAR(graph_.Current_Position(), left_at, 0.05);
+    EXPECT_EQ(Heard_Tone(), 660);
+    EXPECT_NEAR(chunks_.front().Stream_Time, left_at, 0.1);
+    Expect_Aligned_On(1.0);
+    EXPECT_EQ(File_Sources(graph_.Pipeline()), 1) << "the associated file is still in the pipeline";
+}
+
+TEST_F(Audio_Choice, OneAssociatedFileLeavesInPlaceForAnother)
+{
+    Open(Support::Media().Avi_Three_Streams);
+    graph_.Record_Audio_Pins(true, 3);
+    graph_.Disconnect_Audio_Streams(true, 3);
+    ASSERT_TRUE(graph_.Render_Associated_Audio(Support::Media().Associated_Wav)) << graph_.Last_Error().toStdString();
+    EXPECT_EQ(Heard_Tone(), 1320);
+    graph_.Save_Position();
+    ASSERT_TRUE(graph_.Drop_Associated_Audio());
+    ASSERT_TRUE(graph_.Render_Associated_Audio(Support::Media().Wav)) << graph_.Last_Error().toStdString();
+    graph_.Restore_Position();
+    EXPECT_EQ(Heard_Tone(), 1000);
+    EXPECT_EQ(File_Sources(graph_.Pipeline()), 2) << "the first associated file is still in the pipeline";
+    // Dropping with nothing associated is no failure, and leaves the sound alone.
+    ASSERT_TRUE(graph_.Drop_Associated_Audio());
+    ASSERT_TRUE(graph_.Drop_Associated_Audio());
+    graph_.Connect_Audio_Stream(3);
+    EXPECT_EQ(Heard_Tone(), 880);
 }
 
 TEST_F(Audio_Choice, AnAssociatedFileWithoutSoundIsRefusedAndTheFileKeepsPlaying)

@@ -65,6 +65,12 @@ TEST(Leak_Child, OpenPlaySwitchAndCloseLeaveNothingBehind)
             graph.Render_Associated_Audio(associated);
             graph.Run();
             QTest::qWait(150);
+            // Left in place, then rendered again: both ways a file goes.
+            graph.Drop_Associated_Audio();
+            graph.Connect_Audio_Stream(2);
+            graph.Run();
+            QTest::qWait(100);
+            graph.Render_Associated_Audio(associated);
             graph.Set_Current_Position(0.5);
             graph.Close_Graph();
         }

@@ -46,24 +46,49 @@ TEST_F(Audio_Menus_Test, Stream_To_Stream_Reconnects_Where_The_Graph_Stopped)
     EXPECT_EQ(view.Lbl_Affichage_ML()->text(), "1102 English1");
 }
 
-TEST_F(Audio_Menus_Test, Leaving_An_Associated_File_Rebuilds_The_Graph_At_The_Same_Place)
+TEST_F(Audio_Menus_Test, Leaving_An_Associated_File_For_A_Stream_Keeps_The_Place_In_Place_Or_Reopened)
 {
-    Play_Film(2, {"English"}, 3);
-    state.Full_Screen = true;
-    menus().Choose_Associated(1);  // the entry checked: nothing
-    menus().Choose_Stream(2);
-    EXPECT_EQ(journal.Only({"Save", "Stop", "Open", "Reapply", "Record", "Disconnect", "Restore", "Connect", "Render"}),
-              QStringList({"Save_Position", "Stop", "Open_Graph(/media/Film.avi)", "Reapply_Full_Screen(true)",
-                           "Record_Audio_Pins(true,2)", "Disconnect_Audio_Streams(true,2)", "Restore_Position",
-                           "Connect_Audio_Stream(2)"}));
-    EXPECT_EQ(graph.position, 42.0);
-    EXPECT_EQ(Menu_Text(view), "-,Stream audio 1,Stream audio 2*,-,English,-");
-    EXPECT_TRUE(graph.running);
+    // The associated file leaves the running graph; only a graph that cannot
+    // drop it is opened again. The steps the user sees are the same.
+    const std::tuple<bool, QStringList> cases[] = {
+        {true, {"Save_Position", "Stop", "Drop_Associated_Audio", "Reapply_Full_Screen(true)",
+                "Record_Audio_Pins(true,2)", "Disconnect_Audio_Streams(true,2)", "Restore_Position",
+                "Connect_Audio_Stream(2)"}},
+        {false, {"Save_Position", "Stop", "Drop_Associated_Audio", "Open_Graph(/media/Film.avi)",
+                 "Reapply_Full_Screen(true)", "Record_Audio_Pins(true,2)", "Disconnect_Audio_Streams(true,2)",
+                 "Restore_Position", "Connect_Audio_Stream(2)"}}};
+    for (const auto& [in_place, calls] : cases) {
+        Play_Film(2, {"English"}, 3);
+        graph.drop_in_place = in_place;
+        state.Full_Screen = true;
+        journal.Clear();
+        menus().Choose_Associated(1);  // the entry checked: nothing
+        menus().Choose_Stream(2);
+        EXPECT_EQ(journal.Only({"Save", "Stop", "Drop", "Open", "Reapply", "Record", "Disconnect", "Restore",
+                                "Connect", "Render"}),
+                  calls)
+            << "in place: " << in_place;
+        EXPECT_EQ(graph.position, 42.0);
+        EXPECT_EQ(Menu_Text(view), "-,Stream audio 1,Stream audio 2*,-,English,-");
+        EXPECT_TRUE(graph.running);
+    }
+}
+
+TEST_F(Audio_Menus_Test, One_Associated_File_For_Another_Leaves_In_Place_Before_The_Next_Is_Rendered)
+{
+    Play_Film(0, {"French", "English"}, 1);
+    journal.Clear();
+    menus().Choose_Associated(2);
+    EXPECT_EQ(journal.Only({"Save", "Stop", "Drop", "Open", "Render", "Restore", "Run"}),
+              QStringList({"Save_Position", "Stop", "Drop_Associated_Audio", "Render_Associated_Audio(/media/English.wav)",
+                           "Restore_Position", "Run"}));
+    EXPECT_EQ(Menu_Text(view), "-,French,English*,-");
 }
 
 TEST_F(Audio_Menus_Test, A_Failed_Rebuild_Leaves_No_Media)
 {
     Play_Film(2, {"English"}, 3);
+    graph.drop_in_place = false;
     graph.open_failure = "disc removed";
     menus().Choose_Stream(1);
     EXPECT_EQ(boxes.Last_Text(), "disc removed");

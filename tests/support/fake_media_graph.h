@@ -75,12 +75,18 @@ public:
         last_error = associated_fails ? QStringLiteral("cannot render ") + path : QString();
         return !associated_fails;
     }
+    bool Drop_Associated_Audio() override
+    {
+        journal.Add("Drop_Associated_Audio");
+        return drop_in_place;
+    }
     void Save_Position() override { journal.Add("Save_Position"); saved_position = position; }
     void Restore_Position() override { journal.Add("Restore_Position"); position = saved_position; }
 
     Call_Journal& journal;
     QString open_failure, opened_path, last_error;  // opens fail with open_failure when it is set
     bool associated_fails = false, open = false, running = false, end_reached = false;
+    bool drop_in_place = true;  // Drop_Associated_Audio succeeds (false: the file must be opened again)
     int pipeline_id = 0;
     double duration = 60.0, position = 0.0, saved_position = 0.0;
 };

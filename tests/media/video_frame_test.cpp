@@ -1,0 +1,96 @@
+// The picture painted is the decoded buffer itself: it must stay readable as
+// long as it is shown, whatever becomes of its pipeline, and keep showing
+// through resizes and exposes.
+#include "media/gst_media_graph.h"
+#include "media/video_widget.h"
+#include "support/generated_media.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <cmath>
+
+namespace Orvane {
+namespace {
+
+namespace Support = Orvane::Test;
+
+class Video_Frames : public testing::Test {
+protected:
+    Gst_Media_Graph graph_;
+    Video_Widget widget_;
+
+    void Open(const QString& path)
+    {
+        widget_.Clear_Frame();
+        graph_.Set_Video_Widget(&widget_);
+        ASSERT_TRUE(graph_.Open_Graph(path)) << graph_.Last_Error().toStdString();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return widget_.Has_Frame(); }, 3000)) << "no prerolled picture";
+    }
+    // Waits for a frame other than the one shown now.
+    bool Next_Frame()
+    {
+        const qint64 shown = widget_.Last_Frame().cacheKey();
+        return QTest::qWaitFor([&] { return widget_.Has_Frame() && widget_.Last_Frame().cacheKey() != shown; },
+                               3000);
+    }
+    QImage Painted() { return widget_.grab().toImage(); }
+};
+
+TEST_F(Video_Frames, APictureOutlivesItsPipelineUnchanged)
+{
+    Open(Support::Media().Avi_One_Stream);
+    const QImage before = widget_.Last_Frame().copy();
+    graph_.Set_Video_Widget(nullptr);
+    graph_.Close_Graph();
+    // Another pipeline decodes into whatever memory the first gave back.
+    ASSERT_TRUE(graph_.Open_Graph(Support::Media().Vcd_Dat));
+    graph_.Run();
+    QTest::qWait(200);
+    graph_.Close_Graph();
+    EXPECT_EQ(widget_.Last_Frame(), before);
+    EXPECT_EQ(Painted().size(), widget_.size());
+}
+
+TEST_F(Video_Frames, AResizeWhilePlayingIsFilledByThePicture)
+{
+    widget_.resize(320, 240);
+    widget_.show();
+    Open(Support::Media().Avi_One_Stream);
+    graph_.Run();
+    ASSERT_TRUE(Next_Frame());
+    widget_.resize(640, 360);
+    ASSERT_TRUE(Next_Frame()) << "frames stopped after the resize";
+    const QImage painted = Painted();
+    const QImage frame = widget_.Last_Frame();  // the one just painted: no event came between
+    graph_.Stop();
+    ASSERT_EQ(painted.size(), QSize(640, 360));
+    // The whole frame, stretched over the new size, the corners included.
+    double difference = 0.0;
+    int samples = 0;
+    for (int y = 10; y < 360; y += 40)
+        for (int x = 10; x < 640; x += 40, ++samples)
+            difference += std::abs(qGray(painted.pixel(x, y)) - qGray(frame.pixel(x / 2, y * 2 / 3)));
+    EXPECT_LT(difference / samples, 24.0);
+}
+
+TEST_F(Video_Frames, APausedPictureSurvivesAnExpose)
+{
+    widget_.resize(320, 240);
+    widget_.show();
+    Open(Support::Media().Avi_One_Stream);
+    widget_.Clear_Frame();
+    graph_.Set_Current_Position(1.0);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return widget_.Has_Frame(); }, 3000)) << "no picture after the seek";
+    const QImage before = Painted();
+    ASSERT_GT(qGray(before.pixel(8, 8)), 150) << "the pattern's light grey bar, not black";
+    widget_.hide();
+    QCoreApplication::processEvents();
+    widget_.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget_));
+    EXPECT_TRUE(widget_.Has_Frame());
+    EXPECT_EQ(Painted(), before);
+}
+
+} // namespace
+} // namespace Orvane
