@@ -7,6 +7,10 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash tools/setup-debian.sh
+# Set for the build too: it runs the sanitized demo generator.
+export ASAN_OPTIONS="detect_leaks=1:halt_on_error=1"
+export LSAN_OPTIONS="suppressions=$PWD/tools/sanitizer-leaks.supp:print_suppressions=0"
+export UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1"
 launcher=()
 command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 cmake -S . -B build-asan -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DORVANE_SANITIZE=ON \
@@ -15,7 +19,4 @@ cmake --build build-asan -j "${ORVANE_JOBS:-2}"
 
 export QT_QPA_PLATFORM=offscreen
 export ORVANE_AUDIO_SINK="${ORVANE_AUDIO_SINK:-fakesink sync=true}"
-export ASAN_OPTIONS="detect_leaks=1:halt_on_error=1"
-export LSAN_OPTIONS="suppressions=$PWD/tools/sanitizer-leaks.supp:print_suppressions=0"
-export UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1"
 ctest --test-dir build-asan --output-on-failure -j 2 "$@"
