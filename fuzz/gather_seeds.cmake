@@ -1,0 +1,23 @@
+# Copies the seed files and folders in SOURCES (separated by "|") into DESTINATION (a flat
+# folder, recreated). Sources that are absent, such as a corpus outside the
+# clone, are left out.
+string(REPLACE "|" ";" SOURCES "${SOURCES}")
+file(REMOVE_RECURSE ${DESTINATION})
+file(MAKE_DIRECTORY ${DESTINATION})
+foreach(source IN LISTS SOURCES)
+  if(IS_DIRECTORY ${source})
+    file(GLOB files ${source}/*)
+  elseif(EXISTS ${source})
+    set(files ${source})
+  else()
+    continue()
+  endif()
+  foreach(file IN LISTS files)
+    if(NOT IS_DIRECTORY ${file})
+      get_filename_component(parent ${file} DIRECTORY)
+      get_filename_component(parent ${parent} NAME)
+      get_filename_component(name ${file} NAME)
+      file(COPY_FILE ${file} ${DESTINATION}/${parent}__${name})
+    endif()
+  endforeach()
+endforeach()

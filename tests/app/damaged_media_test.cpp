@@ -1,0 +1,103 @@
+// Damaged media in a playlist played with the switch: whatever the damage,
+// the program neither crashes nor hangs, a file that fails ends stopped with
+// one readable message, and the next track plays.
+#include "app/program.h"
+#include "player/player_controls.h"
+#include "playlist/playlist_model.h"
+#include "support/damaged_media.h"
+#include "support/generated_media.h"
+#include "support/temp_folder.h"
+#include "ui/message_box.h"
+#include "ui/skin_resources.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTest>
+#include <functional>
+
+namespace Orvane {
+namespace {
+
+namespace Support = Orvane::Test;
+
+struct Damage_Case {
+    const char* name;
+    std::function<bool(const QString& good, const QString& destination)> make;
+};
+
+void PrintTo(const Damage_Case& damage, std::ostream* out) { *out << damage.name; }
+
+const Damage_Case Damages[] = {
+    {"TruncatedTo10Percent", [](auto& good, auto& out) { return Support::Write_Truncated(good, out, 0.10); }},
+    {"TruncatedTo50Percent", [](auto& good, auto& out) { return Support::Write_Truncated(good, out, 0.50); }},
+    {"TruncatedTo99Percent", [](auto& good, auto& out) { return Support::Write_Truncated(good, out, 0.99); }},
+    {"ByteFlipped", [](auto& good, auto& out) { return Support::Write_Byte_Flipped(good, out); }},
+    {"ZeroLength", [](auto&, auto& out) { return Support::Write_Truncated(Support::Media().Wav, out, 0.0); }},
+    {"AviPromising100Streams",
+     [](auto& good, auto& out) { return Support::Write_Avi_Promising_Streams(good, out, 100); }},
+};
+
+class Damaged_Media : public testing::TestWithParam<Damage_Case> {
+protected:
+    void SetUp() override
+    {
+        Init_Skin_Resources();
+        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/Lang.ini"), folder.File("Lang.ini"));
+        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/orvan.ini"), folder.File("orvan.ini"));
+        QFile::setPermissions(folder.File("orvan.ini"), QFile::ReadOwner | QFile::WriteOwner);
+    }
+
+    bool Good_Track_Playing(Program& program)
+    {
+        const int current = program.State().Current_Track;
+        return program.State().Is_Playing && current >= 1 && current <= program.Model().Track_Count()
+            && program.Model().Track(current).Path == Support::Media().Wav;
+    }
+
+    std::string Describe(Program& program)
+    {
+        QString text = QStringLiteral("track %1 of %2, %3playing, boxes: %4")
+                           .arg(program.State().Current_Track)
+                           .arg(program.Model().Track_Count())
+                           .arg(program.State().Is_Playing ? "" : "not ")
+                           .arg(boxes.Boxes().size());
+        for (int n = 1; n <= program.Model().Track_Count(); ++n)
+            text += u'\n' + program.Model().Track(n).Path;
+        return text.toStdString();
+    }
+
+    Support::Temp_Folder folder;
+    Message_Box_Recorder boxes;
+};
+
+TEST_P(Damaged_Media, EndsStoppedWithOneMessageOrPlaysOnAndTheNextTrackPlays)
+{
+    const QString damaged = folder.File("damaged.avi");
+    ASSERT_TRUE(GetParam().make(Support::Media().Avi_Three_Streams, damaged));
+    folder.Write("list.m3u", ("#EXTM3U\r\n#EXTINF:4,Damaged\r\n" + damaged + "\r\n#EXTINF:3,Good\r\n"
+                              + Support::Media().Wav + "\r\n").toUtf8());
+    Program program(folder.Path());
+    ASSERT_TRUE(program.Start({folder.File("list.m3u"), QStringLiteral("/play")}));
+
+    // The damaged track is refused when added, plays to its end, or fails
+    // and leaves the player stopped.
+    const auto failed = [&] { return !program.State().Is_Playing && !boxes.Boxes().empty(); };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Good_Track_Playing(program) || failed(); }, 20000))
+        << Describe(program);
+    if (!Good_Track_Playing(program)) {
+        EXPECT_FALSE(program.Graph().Is_Open());
+        EXPECT_FALSE(boxes.Last_Text().trimmed().isEmpty());
+        program.Controls().Gestion_KeyPress('6');
+        if (!program.State().Is_Playing)
+            program.Controls().Gestion_KeyPress('5');
+        ASSERT_TRUE(QTest::qWaitFor([&] { return Good_Track_Playing(program); }, 10000)) << Describe(program);
+    }
+    EXPECT_LE(boxes.Boxes().size(), 1u) << boxes.Last_Text().toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, Damaged_Media, testing::ValuesIn(Damages),
+                         [](const testing::TestParamInfo<Damage_Case>& info) { return info.param.name; });
+
+} // namespace
+} // namespace Orvane
