@@ -6,6 +6,7 @@
 #include "playlist/playlist_panel_tracks.h"
 #include "subtitles/frm_display.h"
 #include "playlist/playlist_model.h"
+#include "shipped_files.h"
 #include "support/generated_media.h"
 #include "support/temp_folder.h"
 #include "ui/message_box.h"
@@ -48,9 +49,7 @@ protected:
     void SetUp() override
     {
         Init_Skin_Resources();
-        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/Lang.ini"), folder.File("Lang.ini"));
-        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/orvan.ini"), folder.File("orvan.ini"));
-        QFile::setPermissions(folder.File("orvan.ini"), QFile::ReadOwner | QFile::WriteOwner);
+        Orvane::Test::Copy_Shipped_Files(folder);
     }
 
     void Start(const QStringList& arguments)

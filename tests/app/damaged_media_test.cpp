@@ -4,6 +4,7 @@
 #include "app/program.h"
 #include "player/player_controls.h"
 #include "playlist/playlist_model.h"
+#include "shipped_files.h"
 #include "support/damaged_media.h"
 #include "support/generated_media.h"
 #include "support/temp_folder.h"
@@ -43,9 +44,7 @@ protected:
     void SetUp() override
     {
         Init_Skin_Resources();
-        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/Lang.ini"), folder.File("Lang.ini"));
-        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/orvan.ini"), folder.File("orvan.ini"));
-        QFile::setPermissions(folder.File("orvan.ini"), QFile::ReadOwner | QFile::WriteOwner);
+        Orvane::Test::Copy_Shipped_Files(folder);
     }
 
     bool Good_Track_Playing(Program& program)

@@ -8,6 +8,7 @@
 #include "player/playback_session.h"
 #include "player/player_controls.h"
 #include "playlist/playlist_model.h"
+#include "shipped_files.h"
 #include "support/generated_media.h"
 #include "support/temp_folder.h"
 #include "ui/message_box.h"
@@ -70,9 +71,7 @@ protected:
             GTEST_SKIP() << "needs a private session bus: run under dbus-run-session with ORVANE_TEST_PRIVATE_BUS=1";
         }
         Init_Skin_Resources();
-        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/Lang.ini"), folder.File("Lang.ini"));
-        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/orvan.ini"), folder.File("orvan.ini"));
-        QFile::setPermissions(folder.File("orvan.ini"), QFile::ReadOwner | QFile::WriteOwner);
+        Orvane::Test::Copy_Shipped_Files(folder);
         program = std::make_unique<Program>(folder.Path());
         desktop = std::make_unique<Desktop_Bus>(*program);
         ASSERT_FALSE(desktop->Mpris_Service_Name().isEmpty());

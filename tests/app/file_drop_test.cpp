@@ -7,6 +7,7 @@
 #include "playlist/playlist_model.h"
 #include "playlist/playlist_window_batch.h"
 #include "playlist/track.h"
+#include "shipped_files.h"
 #include "subtitles/frm_display.h"
 #include "support/generated_media.h"
 #include "support/temp_folder.h"
@@ -33,9 +34,7 @@ protected:
     void SetUp() override
     {
         Init_Skin_Resources();
-        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/Lang.ini"), folder.File("Lang.ini"));
-        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/orvan.ini"), folder.File("orvan.ini"));
-        QFile::setPermissions(folder.File("orvan.ini"), QFile::ReadOwner | QFile::WriteOwner);
+        Orvane::Test::Copy_Shipped_Files(folder);
     }
     void TearDown() override { QDir::setCurrent(start_directory); }
 

@@ -11,6 +11,7 @@
 #include "playlist/frm_playlist.h"
 #include "playlist/playlist_model.h"
 #include "playlist/playlist_window_batch.h"
+#include "shipped_files.h"
 #include "ui/picture_button.h"
 #include "ui/skin_label.h"
 #include "subtitles/frm_subtitle.h"
@@ -38,9 +39,7 @@ protected:
     void SetUp() override
     {
         Init_Skin_Resources();
-        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/Lang.ini"), folder.File("Lang.ini"));
-        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/orvan.ini"), folder.File("orvan.ini"));
-        QFile::setPermissions(folder.File("orvan.ini"), QFile::ReadOwner | QFile::WriteOwner);
+        Orvane::Test::Copy_Shipped_Files(folder);
     }
 
     // Starts the program on a file to play at once and waits for the player

@@ -2,6 +2,7 @@
 // its file to the first and ends; --new-window starts one of its own.
 #include "app/desktop_bus.h"
 #include "bus_client.h"
+#include "shipped_files.h"
 #include "support/generated_media.h"
 #include "support/temp_folder.h"
 
@@ -28,9 +29,7 @@ protected:
         }
         // A portable copy of the program: its settings stay in the test's folder.
         ASSERT_TRUE(QFile::copy(QStringLiteral(ORVANE_BINARY_DIR "/orvane"), folder.File("orvane")));
-        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/Lang.ini"), folder.File("Lang.ini"));
-        QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/orvan.ini"), folder.File("orvan.ini"));
-        QFile::setPermissions(folder.File("orvan.ini"), QFile::ReadOwner | QFile::WriteOwner);
+        Orvane::Test::Copy_Shipped_Files(folder);
     }
     void TearDown() override
     {
