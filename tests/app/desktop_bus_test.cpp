@@ -85,8 +85,9 @@ protected:
     void Start(const QStringList& arguments)
     {
         ASSERT_TRUE(program->Start(arguments));
-        if (arguments.size() > 1)
+        if (arguments.size() > 1) {
             ASSERT_TRUE(QTest::qWaitFor([&] { return program->State().Is_Playing; }, 8000));
+        }
     }
     QVariant Get(const QString& property, const QString& interface = Player_Interface)
     {

@@ -43,8 +43,9 @@ protected:
         ASSERT_TRUE(program.Start(arguments));
         ASSERT_TRUE(QTest::qWaitFor([&] { return program.Player_Window().height() == 260; }, 3000));
         // A file named is opened once the bar has unrolled.
-        if (!arguments.isEmpty())
+        if (!arguments.isEmpty()) {
             ASSERT_TRUE(QTest::qWaitFor([&] { return program.Model().Track_Count() >= 1; }, 5000));
+        }
     }
     // Drags the files over a window and drops them; whether it was taken.
     bool Drop(QWidget& window, const QStringList& files)
