@@ -85,62 +85,6 @@ TEST_F(Accessibility_Test, EachPlayerButtonIsAPushButtonNamedByItsToolTipWithAPr
     }
 }
 
-TEST_F(Accessibility_Test, TheOtherControlsHaveTheirRoleNameAndValue)
-{
-    Start({});
-    Frm_Player& player = program.Player_Window();
-    struct Expected {
-        QObject* object;
-        QAccessible::Role role;
-        QString name;
-    };
-    const Expected controls[] = {
-        {&player, QAccessible::Window, "Orvane"},
-        {&program.Display_Window(), QAccessible::Window, "Orvane"},
-        {player.Lbl_Quitter(), QAccessible::Button, "Fermer"},
-        {player.Lbl_Affichage_Temps(), QAccessible::StaticText, "00:00:00"},
-        {player.Lbl_Affichage_Fichier(), QAccessible::StaticText, "Aucun fichier chargé"},
-        {player.Lbl_Indic_Type_Temps(), QAccessible::StaticText, "Temps écoulé"},
-        {player.Lbl_Avancement(), QAccessible::Slider, "Position de lecture"},
-        {player.Img_Vol(0), QAccessible::ProgressBar, "Volume"},
-        {&program.Playlist_Window(), QAccessible::Window, "Playlist"},
-    };
-    for (const Expected& control : controls) {
-        QAccessibleInterface* seen = Of(control.object);
-        ASSERT_NE(seen, nullptr) << control.name.toStdString();
-        EXPECT_EQ(seen->role(), control.role) << control.name.toStdString();
-        EXPECT_EQ(seen->text(QAccessible::Name), control.name);
-    }
-    EXPECT_EQ(Of(player.Img_Vol(0))->valueInterface()->currentValue().toInt(), 3);  // orvan.ini's level
-    player.Set_Cursor_Left(player.Progress_Track_Width() / 4);
-    EXPECT_EQ(Of(player.Lbl_Avancement())->valueInterface()->currentValue().toInt(), 25);
-}
-
-TEST_F(Accessibility_Test, ThePlaylistWindowsButtonsListsAndCaptionButtonsAreAnnounced)
-{
-    Start({});
-    Frm_PlayList& window = program.Playlist_Window();
-    const Playlist_Panel_Tracks& tracks = *window.Pic_Playlist();
-    // Picture buttons by their tool tips, captions used as buttons by their
-    // text, the tabs by their captions.
-    const std::pair<QObject*, int16_t> buttons[] = {
-        {window.Img_Fermer(), 325},
-        {tracks.Btn_Ajouter.picture, 328}, {tracks.Btn_Ajouter.caption, 304},
-        {tracks.Btn_Retirer.picture, 329}, {tracks.Btn_Retirer.caption, 305},
-        {tracks.Btn_Ouvrir.picture, 306}, {tracks.Btn_Ouvrir.caption, 306},
-        {tracks.Btn_Sauver.picture, 307}, {tracks.Btn_Sauver.caption, 307},
-        {window.Onglets()[0], 301}, {window.Onglets()[1], 302}, {window.Onglets()[2], 303},
-    };
-    for (const auto& [object, text] : buttons) {
-        QAccessibleInterface* seen = Of(object);
-        EXPECT_EQ(seen->role(), QAccessible::Button) << text;
-        EXPECT_EQ(seen->text(QAccessible::Name), program.Texts().Get_Text(text));
-    }
-    QAccessibleInterface* list = Of(tracks.Lst_Playlist);
-    EXPECT_EQ(list->role(), QAccessible::List);
-    EXPECT_EQ(list->text(QAccessible::Name), program.Texts().Get_Text(301));
-}
-
 // Pressing through the accessible action and clicking with the mouse go the
 // same way, skip rules included.
 enum class Press_By { Mouse, Accessible_Action };

@@ -66,16 +66,6 @@ TEST(Command_Options, EachCommandLineAsksForOneAction)
     }
 }
 
-TEST(Command_Options, AnswersThatShowNoWindowPrintTheirText)
-{
-    EXPECT_EQ(Parse_Command_Options({"build/bin/orvane", "--version"}).Text, "Orvane 0.5b\n");
-    const QString help = Parse_Command_Options({"build/bin/orvane", "--help"}).Text;
-    EXPECT_TRUE(help.startsWith("Usage: orvane [options] [FILE] [/SWITCH]\n")) << help.toStdString();
-    EXPECT_TRUE(help.contains("--check")) << help.toStdString();
-    EXPECT_FALSE(help.contains("platform")) << help.toStdString();  // the toolkit's options stay out of sight
-    EXPECT_EQ(Parse_Command_Options({"orvane", "--bogus"}).Text, "Unknown option 'bogus'.");
-}
-
 struct Display_Case {
     const char* qt_qpa_platform;
     const char* wayland_display;

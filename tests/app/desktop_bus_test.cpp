@@ -111,21 +111,6 @@ protected:
     std::unique_ptr<Desktop_Bus> desktop;
 };
 
-TEST_F(Desktop_Bus_Test, TheRootInterfaceNamesThePlayer)
-{
-    Start({});
-    const std::pair<const char*, QVariant> expected[] = {
-        {"Identity", QStringLiteral("Orvane")},
-        {"DesktopEntry", QStringLiteral("org.orvane.Orvane")},
-        {"CanQuit", true},
-        {"CanRaise", true},
-        {"SupportedUriSchemes", QStringList{QStringLiteral("file")}},
-    };
-    for (const auto& [name, value] : expected)
-        EXPECT_EQ(Get(QLatin1String(name), Root_Interface), value) << name;
-    EXPECT_TRUE(Get(QStringLiteral("SupportedMimeTypes"), Root_Interface).toStringList().contains("video/x-msvideo"));
-}
-
 TEST_F(Desktop_Bus_Test, WithoutMediaTheTransportDoesNothing)
 {
     Start({});

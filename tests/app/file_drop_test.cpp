@@ -75,17 +75,6 @@ protected:
     File_Drop drops{program};
 };
 
-TEST_F(File_Drop_Test, TheKindOfAFileIsItsSuffixInAnyCase)
-{
-    const std::pair<const char*, Dropped_Kind> cases[] = {
-        {"/a/list.ORX", Dropped_Kind::Playlist}, {"/a/list.m3u", Dropped_Kind::Playlist},
-        {"/a/film.Sub", Dropped_Kind::Subtitle}, {"/a/film.avi", Dropped_Kind::Media},
-        {"/a/m3u", Dropped_Kind::Media},
-    };
-    for (const auto& [path, kind] : cases)
-        EXPECT_EQ(Kind_Of_Dropped(QString::fromLatin1(path)), kind) << path;
-}
-
 TEST_F(File_Drop_Test, MediaDroppedOnThePlaylistAreAddedAsTheAddButtonAdds)
 {
     Start();
@@ -125,16 +114,6 @@ TEST_F(File_Drop_Test, APlaylistDroppedIsLoadedWithItsRelativeEntriesFromItsFold
     ASSERT_EQ(program.Model().Track_Count(), 1);
     EXPECT_EQ(QFileInfo(program.Model().Track(1).Path).canonicalFilePath(),
               QFileInfo(folder.File("music/song.wav")).canonicalFilePath());
-}
-
-TEST_F(File_Drop_Test, RelativeEntriesOfACommandLinePlaylistAreFoundFromAnotherFolder)
-{
-    QDir(folder.Path()).mkdir("music");
-    QFile::copy(Media().Mp3, folder.File("music/song.mp3"));
-    folder.Write("music/list.m3u", "#EXTM3U\r\n#EXTINF:3,Song\r\nsong.mp3\r\n");
-    QDir::setCurrent(QDir::tempPath());
-    Start({folder.File("music/list.m3u"), QStringLiteral("/play")});
-    EXPECT_TRUE(QTest::qWaitFor([&] { return program.State().Is_Playing; }, 5000));
 }
 
 TEST_F(File_Drop_Test, ASubtitleDroppedBelongsToTheSelectedTrack)

@@ -147,28 +147,6 @@ TEST_F(Program_Files_Test, TheUsersCopyIsMadeOnceAndIsTheirsToRewrite)
     EXPECT_EQ(copy.readAll(), "changed by the user\r\n");
 }
 
-TEST_F(Program_Files_Test, WithoutAShippedFileNoCopyIsMade)
-{
-    const Program_Files files = Locate_Program_Files(Places());
-    EXPECT_FALSE(files.Portable);
-    EXPECT_FALSE(Provide_User_Config(files));
-    EXPECT_FALSE(QFileInfo::exists(files.Config_File()));
-}
-
-TEST_F(Program_Files_Test, TheFirstStartIsTakenOncePerConfigurationFolder)
-{
-    Ship(Program_Folder(), "orvan.ini");
-    const Program_Files portable = Locate_Program_Files(Places());
-    Program_Files other = portable;
-    other.Config_Folder = User_Folder();
-    ASSERT_TRUE(QDir().mkpath(User_Folder()));
-
-    EXPECT_TRUE(Take_First_Start(portable));
-    EXPECT_FALSE(Take_First_Start(portable));
-    EXPECT_TRUE(Take_First_Start(other));
-    EXPECT_FALSE(Take_First_Start(portable));
-}
-
 // The whole program installed: the user's copy is read and written, the
 // shipped file is never touched, the demo opens at the first start only.
 TEST_F(Program_Files_Test, AnInstalledProgramKeepsTheUsersSettingsAndShowsTheDemoOnce)

@@ -44,25 +44,6 @@ TEST(Config_Form, TheStyleTextFollowsTheLaterRule)
     EXPECT_EQ(Style_Text_Number(false, false), 904);
 }
 
-TEST(Config_Form, AChosenFolderLosesOneTrailingSeparator)
-{
-    EXPECT_EQ(Drive_From_Folder("/media/cdrom/"), "/media/cdrom");
-    EXPECT_EQ(Drive_From_Folder("/media/cdrom"), "/media/cdrom");
-    EXPECT_EQ(Drive_From_Folder("E:/"), "E:");
-    EXPECT_EQ(Drive_From_Folder("4096"), "4096");
-}
-
-TEST(Config_Form, LoadingTakesEverySettingAndAColourThatIsNoNumberStartsWhite)
-{
-    Settings settings = Some_Settings();
-    Config_Form form = Load_Config_Form(settings);
-    EXPECT_EQ(form.Color, 255);
-    EXPECT_TRUE(form.Bold && !form.Italic && form.Font_Size == 20 && form.CD1 == "/media/cdrom");
-    EXPECT_EQ(form.Chosen_Language, "English");
-    settings.Subtitle_Color = QStringLiteral("rouge");
-    EXPECT_EQ(Load_Config_Form(settings).Color, 0xffffff);
-}
-
 // What confirming did, in order.
 struct Confirm_Journal {
     QStringList calls;
@@ -231,14 +212,6 @@ TEST_F(Frm_Config_Test, OnlyALeftPressOpensTheSecondDrivesChooser)
     EXPECT_EQ(window->Lbl_CD(2)->text(), "/media/dvd");
     QTest::mouseRelease(window->Lbl_CD2(), Qt::LeftButton);
     EXPECT_EQ(provider_.Dialogs_Shown(), 1) << "the release opens nothing more";
-}
-
-TEST_F(Frm_Config_Test, ThePressSinksTheButtonAndItsCaptionByOnePixel)
-{
-    auto window = Open();
-    QTest::mousePress(window->Img_Btn(1), Qt::LeftButton);
-    EXPECT_EQ(window->Img_Btn(1)->y(), Frm_Config::Button_Top + 1);
-    EXPECT_EQ(window->Lbl_OK(1)->y(), Frm_Config::Caption_Top + 1);
 }
 
 } // namespace

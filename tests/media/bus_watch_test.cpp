@@ -54,24 +54,6 @@ protected:
     }
 };
 
-TEST_F(Bus_Watch_Order, APipelinePlayedToTheEndReportsInTheOrderOfItsLifeOnceEach)
-{
-    gst_element_set_state(pipeline_.get(), GST_STATE_PLAYING);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return First(GST_MESSAGE_EOS) >= 0; }, 3000));
-    QTest::qWait(50);
-    const int ready = First(GST_MESSAGE_STATE_CHANGED, GST_STATE_READY);
-    ASSERT_GE(ready, 0);
-    EXPECT_LT(ready, First(GST_MESSAGE_STATE_CHANGED, GST_STATE_PAUSED));
-    EXPECT_LT(First(GST_MESSAGE_STATE_CHANGED, GST_STATE_PAUSED), First(GST_MESSAGE_ASYNC_DONE));
-    EXPECT_LT(First(GST_MESSAGE_ASYNC_DONE), First(GST_MESSAGE_NEW_CLOCK));
-    EXPECT_LT(First(GST_MESSAGE_NEW_CLOCK), First(GST_MESSAGE_STATE_CHANGED, GST_STATE_PLAYING));
-    EXPECT_LT(First(GST_MESSAGE_STATE_CHANGED, GST_STATE_PLAYING), First(GST_MESSAGE_EOS));
-    EXPECT_TRUE(on_gui_thread_);
-    std::set<guint32> numbers;
-    for (const Seen& seen : seen_)
-        EXPECT_TRUE(numbers.insert(seen.seqnum).second) << "message " << seen.seqnum << " handled twice";
-}
-
 TEST_F(Bus_Watch_Order, MessagesWaitForTheEventLoopOrATakeAtOnce)
 {
     gst_element_set_state(pipeline_.get(), GST_STATE_PAUSED);
@@ -89,7 +71,8 @@ TEST_F(Bus_Watch_Order, AHandlerMayEndTheWatchWhileMessagesAreStillQueued)
     });
     gst_element_set_state(pipeline_.get(), GST_STATE_PAUSED);
     gst_element_get_state(pipeline_.get(), nullptr, nullptr, 2 * GST_SECOND);
-    QTest::qWait(50);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !watch_; }, 3000));
+    QCoreApplication::processEvents();  // what was still queued finds no watch
     EXPECT_EQ(seen_.size(), 1u);
     EXPECT_FALSE(watch_);
 }

@@ -31,21 +31,5 @@ TEST(Pipeline_Graph_Dump, AFileThatFailsToOpenLeavesItsGraphInTheDumpFolder)
     EXPECT_EQ(Dumps(dumps, QStringLiteral("preroll-error")).size(), before + 1);
 }
 
-TEST(Pipeline_Graph_Dump, AFileThatOpensLeavesNothing)
-{
-    const QString folder = qEnvironmentVariable("GST_DEBUG_DUMP_DOT_DIR");
-    if (folder.isEmpty())
-        GTEST_SKIP() << "run by ctest with GST_DEBUG_DUMP_DOT_DIR set";
-    ASSERT_TRUE(QDir().mkpath(folder));
-    const QDir dumps(folder);
-    const qsizetype before = dumps.entryList({QStringLiteral("*orvane-*.dot")}, QDir::Files).size();
-
-    Gst_Media_Graph graph;
-    ASSERT_TRUE(graph.Open_Graph(Support::Media().Avi_One_Stream)) << graph.Last_Error().toStdString();
-    graph.Set_Current_Position(1.0);
-    graph.Close_Graph();
-    EXPECT_EQ(dumps.entryList({QStringLiteral("*orvane-*.dot")}, QDir::Files).size(), before);
-}
-
 } // namespace
 } // namespace Orvane

@@ -171,7 +171,7 @@ TEST(Leak_Child, AHundredCyclesOfOpenPlaySwitchAndCloseLeaveNothingBehind)
         Cycle(graph, files[n % files.size()], associated, n);
         made.Checkpoint();  // often, so that few addresses are used twice in between
     }
-    QTest::qWait(50);
+    QCoreApplication::processEvents();  // the last bus messages release their sources
     made.Checkpoint();
     const std::map<std::string, int> left = made.By_Type();
     EXPECT_TRUE(left.empty()) << "left alive:\n" << Listed(left);

@@ -46,7 +46,7 @@ TEST_F(Video_Frames, APictureOutlivesItsPipelineUnchanged)
     // Another pipeline decodes into whatever memory the first gave back.
     ASSERT_TRUE(graph_.Open_Graph(Support::Media().Vcd_Dat));
     graph_.Run();
-    QTest::qWait(200);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return graph_.Current_Position() > 0.1; }, 3000));
     graph_.Close_Graph();
     EXPECT_EQ(widget_.Last_Frame(), before);
     EXPECT_EQ(Painted().size(), widget_.size());

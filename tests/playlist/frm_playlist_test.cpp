@@ -51,9 +51,7 @@ protected:
             dialogs.Queue_Open(chosen);
         if (widget)
             QTest::mouseClick(widget, Qt::LeftButton, modifiers);
-        for (int turn = 0; turn < 2000 && window.Batch().Is_Busy(); ++turn)
-            QTest::qWait(1);
-        ASSERT_FALSE(window.Batch().Is_Busy());
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !window.Batch().Is_Busy(); }, 10000));
     }
     // The window's rows, which must be the model's titles.
     QStringList Shown() const
@@ -120,8 +118,7 @@ TEST_F(Frm_PlayList_Test, ManyFilesShowProgressAndCancelStopsTheRest)
     Playlist_Window_Progress& panel = *window.Pic_Progression();
     EXPECT_TRUE(panel.isVisible() && !tracks.Strip()->isVisible() && !tracks.Btn_Ouvrir.picture->isEnabled());
     EXPECT_EQ(panel.Lbl_Annuler()->text() + " " + panel.Lbl_Progression()->text(), "T322 T320");
-    while (progress.count() < 50)
-        QTest::qWait(1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return progress.count() >= 50; }, 10000));
     EXPECT_TRUE(window.Batch().Is_Busy()) << "the files go in one per turn of the event loop";
     EXPECT_EQ(panel.Progress_Text(), QStringLiteral("%1 / 200").arg(bench.model.Track_Count()));
     Click(panel.Lbl_Annuler());

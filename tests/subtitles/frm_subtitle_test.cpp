@@ -141,15 +141,6 @@ TEST_F(Frm_Subtitle_Test, OpaqueModeShowsBothLinesAtTheEntrysSize)
     EXPECT_EQ(window.Lbl_Subtitle()->font().pointSize(), 24) << "entry 1 keeps the settings' size";
 }
 
-TEST_F(Frm_Subtitle_Test, UnloadingHidesIt)
-{
-    Frm_Subtitle window(settings_, texts_, table_);
-    window.Show();
-    window.Unload();
-    EXPECT_FALSE(window.isVisible());
-    EXPECT_FALSE(window.Is_Shown());
-}
-
 TEST_F(Frm_Subtitle_Test, TheColourIsAWindowsRgbValue)
 {
     const std::vector<std::pair<Subtitle_Color_Value, QColor>> cases = {
@@ -177,17 +168,6 @@ TEST_F(Frm_Subtitle_Test, AColourThatIsNoNumberIsReportedOnceAndWhiteIsUsed)
     EXPECT_EQ(window.Text_Color(), QColor(Qt::white));
     ASSERT_EQ(boxes_.Boxes().size(), 1u);
     EXPECT_EQ(boxes_.Last_Text(), QStringLiteral("Error in orvan.ini\nWrong line: >Couleur\nError 13, Type mismatch"));
-}
-
-TEST_F(Frm_Subtitle_Test, NewSettingsReLayTheWindow)
-{
-    Frm_Subtitle window(settings_, texts_, table_);
-    window.Show();
-    const int height = window.height();
-    settings_.Subtitle_Font_Size = 48;
-    window.Apply_Settings();
-    EXPECT_GT(window.height(), height);
-    EXPECT_EQ(window.geometry().bottom(), QGuiApplication::primaryScreen()->availableGeometry().bottom());
 }
 
 } // namespace

@@ -89,29 +89,6 @@ TEST(Frm_About, OpensInTheMiddleOfItsScreenWithTheCaptionItIsGiven)
     EXPECT_EQ(about.Label1()->text(), "Orvane — lecteur multimédia");
 }
 
-TEST(Skin_Style, MessageBoxesAndDialogsWearTheSkinsGraphite)
-{
-    Apply_Skin_Style();
-    EXPECT_EQ(QApplication::style()->name(), "fusion");
-    QMessageBox box(QMessageBox::Critical, "Orvane", "text", QMessageBox::Ok | QMessageBox::Cancel);
-    QFileDialog dialog;
-    struct Role {
-        QPalette::ColorRole role;
-        QColor colour;
-    };
-    for (const QWidget* widget : {static_cast<QWidget*>(&box), static_cast<QWidget*>(&dialog),
-                                  static_cast<QWidget*>(box.button(QMessageBox::Ok))}) {
-        for (const Role& expected : {Role{QPalette::Window, Skin_Palette::Surface},
-                                     Role{QPalette::WindowText, Skin_Palette::Panel_Text},
-                                     Role{QPalette::Base, Skin_Palette::Surface_Deep},
-                                     Role{QPalette::Button, Skin_Palette::Surface_Raised},
-                                     Role{QPalette::ButtonText, Skin_Palette::Panel_Text},
-                                     Role{QPalette::Highlight, Skin_Palette::Selection}})
-            EXPECT_EQ(widget->palette().color(expected.role), expected.colour)
-                << widget->metaObject()->className() << " role " << int(expected.role);
-    }
-}
-
 // Cancels the next file dialog that opens, noting the folder it shows.
 void Cancel_Next_File_Dialog(QString* shown_folder)
 {
