@@ -2,6 +2,7 @@
 
 #include "config/config_language_list.h"
 #include "config/settings.h"
+#include "config/subtitle_color.h"
 #include "language/text_table.h"
 #include "ui/option_pair.h"
 #include "ui/picture_button.h"
@@ -270,12 +271,9 @@ void Frm_Config::Show_Form()
 
 void Frm_Config::Show_Font_Sample()
 {
-    QFont font(form_.Font_Name);
-    font.setBold(form_.Bold);
-    font.setItalic(form_.Italic);
     // Drawn at the chosen size, or smaller where that size would not fit.
     int size = std::max(form_.Font_Size, 1);
-    font.setPointSize(size);
+    QFont font = Subtitle_Font(form_.Font_Name, size, form_.Bold, form_.Italic);
     while (size > 6 && (QFontMetrics(font).horizontalAdvance(lbl_ex_police_->text()) > Sample_Area.width() - 8
                         || QFontMetrics(font).height() > Sample_Area.height())) {
         size = size * 9 / 10;

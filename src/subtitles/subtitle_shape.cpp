@@ -1,5 +1,7 @@
 #include "subtitles/subtitle_shape.h"
 
+#include "config/subtitle_color.h"
+
 #include <QBitmap>
 #include <QFontMetrics>
 #include <QPainter>
@@ -22,11 +24,8 @@ const Subtitle_Line* Entry(const Subtitle_Table& table, int n)
 
 QFont Subtitle_Font(const Settings& settings, int size)
 {
-    QFont font(settings.Subtitle_Font_Name);
-    font.setPointSize(std::max(size, 1));
-    font.setBold(settings.Subtitle_Font_Bold);
-    font.setItalic(settings.Subtitle_Font_Italic);
-    return font;
+    return Orvane::Subtitle_Font(settings.Subtitle_Font_Name, size, settings.Subtitle_Font_Bold,
+                                 settings.Subtitle_Font_Italic);
 }
 
 int Entry_Size(const Subtitle_Table& table, int n, int settings_size)
