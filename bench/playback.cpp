@@ -7,10 +7,11 @@
 // and peak memory and the ratios to gst-play-1.0. Run it under a display:
 //   xvfb-run -a -s "-screen 0 1280x800x24" build/bin/bench_playback
 // The figures are whole-process CPU seconds: on a machine shared with other
-// work they move from run to run, so the medians of several runs are kept.
+// work they move from run to run, so the medians of five interleaved runs are
+// kept.
 #include "media/gst_media_graph.h"
 #include "media/media_generator.h"
-#include "media/video_widget.h"
+#include "ui/video_widget.h"
 
 #include <gst/gst.h>
 
@@ -33,7 +34,7 @@ namespace {
 using namespace Orvane;
 
 constexpr int Play_Seconds = 10;
-constexpr int Runs = 3;
+constexpr int Runs = 5;
 
 struct Usage {
     double Cpu_Seconds = 0.0;
@@ -156,19 +157,26 @@ int main(int argc, char** argv)
              {"timeout", "-s", "INT", seconds, "gst-play-1.0", "-q", "--videosink=ximagesink",
               "--audiosink=fakesink sync=true", path}},
             {"mpv", {"timeout", "-s", "INT", seconds, "mpv", "--really-quiet", "--vo=x11", "--ao=null", path}}};
+        // Runs are interleaved, one of each player in turn, so that a load
+        // coming and going on the machine falls on all of them alike.
+        std::vector<std::pair<std::string, std::vector<Usage>>> runs;
+        for (const auto& [name, arguments] : players)
+            if (name != "mpv" || have_mpv)
+                runs.push_back({name, {}});
+        for (int run = 0; run < Runs; ++run)
+            for (auto& [name, usages] : runs)
+                for (const auto& [player, arguments] : players)
+                    if (player == name)
+                        usages.push_back(Run(arguments));
         std::vector<std::pair<std::string, Usage>> medians;
-        for (const auto& [name, arguments] : players) {
-            if (name == "mpv" && !have_mpv)
-                continue;
+        for (const auto& [name, usages] : runs) {
             std::vector<double> cpu;
             std::vector<double> memory;
-            for (int run = 0; run < Runs; ++run) {
-                const Usage usage = Run(arguments);
-                if (!usage.Ok)
-                    break;
-                cpu.push_back(usage.Cpu_Seconds);
-                memory.push_back(usage.Peak_Mb);
-            }
+            for (const Usage& usage : usages)
+                if (usage.Ok) {
+                    cpu.push_back(usage.Cpu_Seconds);
+                    memory.push_back(usage.Peak_Mb);
+                }
             medians.push_back({name, {Median(cpu), Median(memory), !cpu.empty()}});
         }
         const Usage reference = medians[1].second;

@@ -5,7 +5,7 @@
 #include "media/gst_walk.h"
 #include "media/media_kind.h"
 #include "media/playback_pipeline.h"
-#include "media/video_widget.h"
+#include "ui/video_widget.h"
 
 #include <QThread>
 #include <cmath>
@@ -51,6 +51,8 @@ bool Gst_Media_Graph::Open_Graph(const QString& path)
         return false;
     }
     pipeline_id_ = id;
+    if (video_widget_)
+        pipeline_->Set_Picture_Size(video_widget_->Picture_Pixels());
     bus_watch_ = std::make_unique<Bus_Watch>(pipeline_->Bus(), [this](GstMessage* message) {
         On_Bus_Message(message);
     });
@@ -164,13 +166,22 @@ void Gst_Media_Graph::Show_Cursor()
 void Gst_Media_Graph::Set_Video_Widget(Video_Widget* widget)
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    if (video_widget_)
+    if (video_widget_) {
         disconnect(&mailbox_, nullptr, video_widget_, nullptr);
+        disconnect(video_widget_, nullptr, this, nullptr);
+    }
     video_widget_ = widget;
     mailbox_.Set_Wanted(widget != nullptr);
     if (!widget)
         return;
     connect(&mailbox_, &Frame_Mailbox::Frame_Arrived, widget, &Video_Widget::Show_Frame);
+    // The pipeline scales to the widget, so the GUI thread only copies pixels.
+    connect(widget, &Video_Widget::Picture_Pixels_Changed, this, [this](QSize pixels) {
+        if (pipeline_)
+            pipeline_->Set_Picture_Size(pixels);
+    });
+    if (pipeline_)
+        pipeline_->Set_Picture_Size(widget->Picture_Pixels());
     connect(widget, &QObject::destroyed, this, [this] { mailbox_.Set_Wanted(false); });
 }
 

@@ -62,6 +62,8 @@ public:
     Bus_Ref Bus() const;
     double Duration() const;
     QSize Video_Size() const { return video_size_; }
+    // The size, in device pixels, the frames are scaled to (empty: the video's).
+    void Set_Picture_Size(QSize pixels) { video_->Set_Picture_Size(pixels); }
 
     // Playing also completes the removal of associated files that were left
     // while paused (see Associated_Audio::Start_Removal).

@@ -47,8 +47,9 @@ Video_Frame_Sink::Video_Frame_Sink(Frame_Mailbox& mailbox, int pipeline_id)
 {
     GError* raw_error = nullptr;
     branch_ = Element_Ref::Sink(gst_parse_bin_from_description(
-        "videoconvert name=video_convert n-threads=0 ! appsink name=video_sink sync=true "
-        "enable-last-sample=false caps=video/x-raw,format={BGRx,RGBx}",
+        "videoconvertscale name=video_convert n-threads=0 add-borders=false "
+        "! capsfilter name=video_picture caps=video/x-raw,format={BGRx,RGBx} "
+        "! appsink name=video_sink sync=true enable-last-sample=false",
         TRUE, &raw_error));
     G_Error error(raw_error);
     if (error || !branch_) {
@@ -57,6 +58,8 @@ Video_Frame_Sink::Video_Frame_Sink(Frame_Mailbox& mailbox, int pipeline_id)
     }
     gst_object_set_name(GST_OBJECT(branch_.get()), "video_output");
     app_sink_ = Element_Ref::Adopt(gst_bin_get_by_name(GST_BIN(branch_.get()), "video_sink"));
+    converter_ = Element_Ref::Adopt(gst_bin_get_by_name(GST_BIN(branch_.get()), "video_convert"));
+    picture_filter_ = Element_Ref::Adopt(gst_bin_get_by_name(GST_BIN(branch_.get()), "video_picture"));
     GstAppSinkCallbacks callbacks{};
     callbacks.new_preroll = [](GstAppSink* sink, gpointer self) {
         return On_Preroll(GST_ELEMENT(sink), self);
@@ -75,11 +78,27 @@ Video_Frame_Sink::~Video_Frame_Sink()
     }
 }
 
+void Video_Frame_Sink::Set_Picture_Size(QSize pixels)
+{
+    if (!picture_filter_ || pixels == picture_size_)
+        return;
+    picture_size_ = pixels;
+    // Any pixel aspect ratio is accepted, so the converter fills exactly this
+    // size: the picture is stretched over the video area as the widget would.
+    Caps_Ref caps = Caps_Ref::Adopt(gst_caps_from_string("video/x-raw,format={BGRx,RGBx}"));
+    if (!pixels.isEmpty())
+        gst_caps_set_simple(caps.get(), "width", G_TYPE_INT, pixels.width(), "height", G_TYPE_INT,
+                            pixels.height(), nullptr);
+    // The filter asks upstream to negotiate again; frames already converted
+    // arrive at the old size and are scaled by the widget.
+    g_object_set(picture_filter_.get(), "caps", caps.get(), nullptr);
+}
+
 QSize Video_Frame_Sink::Frame_Size() const
 {
-    if (!app_sink_)
+    if (!converter_)
         return {};
-    Pad_Ref pad = Pad_Ref::Adopt(gst_element_get_static_pad(app_sink_.get(), "sink"));
+    Pad_Ref pad = Pad_Ref::Adopt(gst_element_get_static_pad(converter_.get(), "sink"));
     Caps_Ref caps = Caps_Ref::Adopt(pad ? gst_pad_get_current_caps(pad.get()) : nullptr);
     GstVideoInfo info;
     if (!caps || !gst_video_info_from_caps(&info, caps.get()))

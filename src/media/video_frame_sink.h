@@ -9,9 +9,10 @@ namespace Orvane {
 
 class Frame_Mailbox;
 
-// The video branch of a pipeline: videoconvert into an appsink (BGRx or
-// RGBx) whose frames, prerolled or played, go to the mailbox as images over
-// the decoded buffers themselves.
+// The video branch of a pipeline: colour conversion and scaling to the
+// picture's size in the pipeline (on the converter's own threads), into an
+// appsink (BGRx or RGBx) whose frames, prerolled or played, go to the mailbox
+// as images over the converted buffers themselves.
 // The pipeline must be stopped (NULL) before this object goes.
 class Video_Frame_Sink {
 public:
@@ -22,8 +23,11 @@ public:
 
     // The branch to add to the pipeline, with one sink pad.
     GstElement* Branch() const { return branch_.get(); }
-    // The size of the frames negotiated, empty before.
+    // The video's own size (before scaling), empty before negotiation.
     QSize Frame_Size() const;
+    // Frames are scaled to this size in device pixels; an empty size keeps
+    // the video's own. GUI thread.
+    void Set_Picture_Size(QSize pixels);
 
     // The sample's picture, without a copy: an image over the mapped buffer,
     // which stays mapped and referenced until the image's last copy goes
@@ -39,6 +43,9 @@ private:
     int pipeline_id_;
     Element_Ref branch_;
     Element_Ref app_sink_;
+    Element_Ref converter_;
+    Element_Ref picture_filter_;
+    QSize picture_size_;
 };
 
 } // namespace Orvane

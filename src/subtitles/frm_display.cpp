@@ -1,6 +1,6 @@
 #include "subtitles/frm_display.h"
 
-#include "media/video_widget.h"
+#include "ui/video_widget.h"
 #include "ui/skin_picture.h"
 #include "ui/window_shell.h"
 

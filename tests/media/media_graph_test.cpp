@@ -2,7 +2,7 @@
 // pictures, failures and the signals of a running pipeline.
 #include "audio_probe.h"
 #include "media/gst_media_graph.h"
-#include "media/video_widget.h"
+#include "ui/video_widget.h"
 #include "support/generated_media.h"
 #include "support/temp_folder.h"
 

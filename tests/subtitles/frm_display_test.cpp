@@ -1,5 +1,5 @@
 // The display window's own part; the layout arithmetic is tested with the layout routines.
-#include "media/video_widget.h"
+#include "ui/video_widget.h"
 #include "subtitles/frm_display.h"
 #include "ui/skin_resources.h"
 

@@ -1,4 +1,4 @@
-#include "media/video_widget.h"
+#include "ui/video_widget.h"
 
 #include <QPainter>
 
@@ -8,6 +8,11 @@ Video_Widget::Video_Widget(QWidget* parent) : QWidget(parent)
 {
     // Every pixel is painted here: no background erase before each frame.
     setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+QSize Video_Widget::Picture_Pixels() const
+{
+    return (QSizeF(size()) * devicePixelRatioF()).toSize();
 }
 
 void Video_Widget::Show_Frame(const QImage& frame)
@@ -22,6 +27,11 @@ void Video_Widget::Clear_Frame()
     update();
 }
 
+void Video_Widget::resizeEvent(QResizeEvent*)
+{
+    emit Picture_Pixels_Changed(Picture_Pixels());
+}
+
 void Video_Widget::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
@@ -29,7 +39,8 @@ void Video_Widget::paintEvent(QPaintEvent*)
         painter.fillRect(rect(), Qt::black);
         return;
     }
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    if (frame_.size() != Picture_Pixels())
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawImage(rect(), frame_);
 }
 
