@@ -7,6 +7,7 @@
 #include "shipped_files.h"
 #include "support/damaged_media.h"
 #include "support/generated_media.h"
+#include "support/hostile_files.h"
 #include "support/temp_folder.h"
 #include "ui/message_box.h"
 #include "ui/skin_resources.h"
@@ -35,6 +36,7 @@ const Damage_Case Damages[] = {
     {"TruncatedTo99Percent", [](auto& good, auto& out) { return Support::Write_Truncated(good, out, 0.99); }},
     {"ByteFlipped", [](auto& good, auto& out) { return Support::Write_Byte_Flipped(good, out); }},
     {"ZeroLength", [](auto&, auto& out) { return Support::Write_Truncated(Support::Media().Wav, out, 0.0); }},
+    {"SparseTwoGigabytes", [](auto&, auto& out) { return Support::Make_Sparse_File(out, qint64(2) << 30); }},
     {"AviPromising100Streams",
      [](auto& good, auto& out) { return Support::Write_Avi_Promising_Streams(good, out, 100); }},
 };
