@@ -78,6 +78,7 @@ TEST(Text_File_Reader, DecodesSplitsAndNumbersItsErrors)
         {"Fran\xE7" "ais \x80\r\n", {"Français €", "62, Input past end of file"}},
         {"ab\xC3", {"abÃ", "62, Input past end of file"}},
         {"one\r\n\r\ntwo\nthree\r\n\r\n", {"one", "", "two", "three", "", "62, Input past end of file"}},
+        {"a\rb\r\rc\n\rd", {"a", "b", "", "c", "", "d", "62, Input past end of file"}},
         {"", {"62, Input past end of file"}}};
     for (const auto& [bytes, lines] : files)
         EXPECT_EQ(Read_All(folder.Write("file.txt", bytes)), lines) << bytes.toHex().toStdString();
