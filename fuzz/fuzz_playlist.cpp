@@ -3,17 +3,12 @@
 // extension, each with the seeds of its own format.
 #include "fuzz_support.h"
 
-#include "config/config_file.h"
-#include "language/text_table.h"
 #include "playlist/playlist_files.h"
 #include "ui/message_box.h"
 
-#include <cstdlib>
-
 namespace {
 
-Orvane::Settings* settings = nullptr;
-Orvane::Text_Table* texts = nullptr;
+const Orvane::Fuzz::Shipped* shipped = nullptr;
 
 // Touches every value handed over, so a bad one is caught where it is made.
 class Counting_Target : public Orvane::Playlist_Load_Target {
@@ -35,14 +30,7 @@ private:
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
 {
-    using namespace Orvane;
-    Fuzz::Start(argc, argv);
-    Message_Box_Recorder recorder;
-    settings = new Settings;
-    texts = new Text_Table;
-    if (!Read_Config_File(QStringLiteral(ORVANE_SOURCE_DIR "/resources/orvan.ini"),
-                          Fuzz::Shipped_Language_Folder(), *settings, *texts))
-        std::abort();
+    shipped = &Orvane::Fuzz::Start_With_Shipped_Settings(argc, argv);
     return 0;
 }
 
@@ -52,6 +40,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const QString path = Fuzz::Write_Input(QStringLiteral("list." ORVANE_PLAYLIST_EXTENSION), data, size);
     Message_Box_Recorder recorder;
     Counting_Target target;
-    Load_Playlist(path, *settings, *texts, target);
+    Load_Playlist(path, shipped->settings, shipped->texts, target);
     return 0;
 }

@@ -1,5 +1,8 @@
 #include "fuzz_support.h"
 
+#include "config/config_file.h"
+#include "ui/message_box.h"
+
 #include <QFile>
 #include <QGuiApplication>
 #include <QTemporaryDir>
@@ -50,6 +53,17 @@ void Start(int* argc, char*** argv)
         delete input_folder;
         delete language_folder;
     });
+}
+
+const Shipped& Start_With_Shipped_Settings(int* argc, char*** argv)
+{
+    Start(argc, argv);
+    static Shipped shipped;
+    Message_Box_Recorder recorder;
+    if (!Read_Config_File(QStringLiteral(ORVANE_SOURCE_DIR "/resources/orvan.ini"), Shipped_Language_Folder(),
+                          shipped.settings, shipped.texts))
+        std::abort();
+    return shipped;
 }
 
 QString Write_Input(const QString& name, const uint8_t* data, size_t size)
