@@ -135,6 +135,7 @@ TEST(Frm_About, OpensCentredWithItsCaptionShowsTheVersionEachTimeAndClosesOnACli
     EXPECT_EQ(about.windowTitle(), "À propos d'Orvane");
     EXPECT_EQ(about.Label1()->text(), "Orvane — lecteur multimédia");
     EXPECT_EQ(about.mask(), Rounded_Region(about.size(), Frm_About::Corner));
+    about.hide();
     for (const QPoint place : {about.Image1()->geometry().center(), about.Label1()->geometry().center(),
                                about.Lbl_Version()->geometry().center(), QPoint(8, about.height() - 8)}) {
         about.Lbl_Version()->setText("changed");
