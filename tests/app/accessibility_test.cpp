@@ -1,27 +1,10 @@
 // The program as a screen reader sees it: every skinned control announced
 // with a role and a name, and pressed through its accessible action.
-#include "app/program.h"
-#include "player/frm_player.h"
-#include "playlist/frm_playlist.h"
-#include "playlist/playlist_panel_tracks.h"
-#include "subtitles/frm_display.h"
 #include "playlist/playlist_model.h"
-#include "shipped_files.h"
-#include "support/generated_media.h"
-#include "support/temp_folder.h"
-#include "ui/message_box.h"
+#include "program_fixture.h"
 #include "ui/picture_button.h"
-#include "ui/skin_label.h"
-#include "ui/skin_picture.h"
-#include "ui/skin_progress_track.h"
-#include "ui/skin_resources.h"
-
-#include <gtest/gtest.h>
 
 #include <QAccessible>
-#include <QListView>
-#include <QFile>
-#include <QTest>
 
 namespace Orvane {
 namespace {
@@ -44,18 +27,11 @@ QAccessibleInterface* Of(QObject* object)
     return QAccessible::queryAccessibleInterface(object);
 }
 
-class Accessibility_Test : public testing::Test {
+class Accessibility_Test : public Orvane::Test::Program_Fixture {
 protected:
-    void SetUp() override
-    {
-        Init_Skin_Resources();
-        Orvane::Test::Copy_Shipped_Files(folder);
-    }
-
     void Start(const QStringList& arguments)
     {
-        ASSERT_TRUE(program.Start(arguments));
-        ASSERT_TRUE(QTest::qWaitFor([this] { return program.Player_Window().height() == 260; }, 3000));
+        Start_Unrolled(program, arguments);
         ASSERT_TRUE(QTest::qWaitFor([&] { return program.Model().Track_Count() == int(!arguments.isEmpty()); },
                                     3000));
     }
@@ -67,8 +43,6 @@ protected:
         return found.size() == 1 ? found.first() : nullptr;
     }
 
-    Orvane::Test::Temp_Folder folder;
-    Message_Box_Recorder boxes;
     Program program{folder.Path()};
 };
 

@@ -75,9 +75,8 @@ protected:
             ">Couleur", "16777215", ">Transparence", "0", "[PLAYLIST]", ">Repeter", "0", "[LECTEURS]", ">CD1",
             "/media/cdrom", ">CD2", "Aucun", "[VOLUME]", " 3 ", "[CONFIG]", ">Enregistrer", "0", "<< end >>"}));
         program_.Write("Lang.ini", Crlf_Lines({"0.5b", "", "English", "",
-            "1208;A subtitle entry of this playlist is not valid.", "1301; is not followed by a valid value.",
-            "1303; : time out of order.", "1305;It is the same as the time of the line before.",
-            "1310;This subtitle file could not be read:", "9999;never looked up"}));
+            "1208;A subtitle entry of this playlist is not valid.", "1310;This subtitle file could not be read:",
+            "9999;never looked up"}));
     }
 
     // The status and the printed text of a check of a file of these lines.
@@ -101,9 +100,6 @@ TEST_F(Check_Media_Files_Test, SubtitleFilePrintsItsHeaderAndEntriesOrTheBox)
                   "[CD TRACK]", "1", "[BEGIN]", "", "[00:00:02]", "Hello|World", "[00:00:06]", "One line", "[END]"}),
               std::pair(0, QString("OK\ntitle: Harbour walk\nauthor: Jane\nsource: \nprogram: \nfilepath: \n"
                   "delay: 00:00:05\ncd track: 1\n1 00:00:02 Hello|World\n2 00:00:06 One line|\n3 23:59:59 Fin|Fin\n")));
-    EXPECT_EQ(Check(Check_Subtitle_File, "film.sub", {"[BEGIN]", "", "[00:00:05]", "a", "[00:00:05]", "b", "[END]"}),
-              std::pair(1, QString("ERROR: film.sub / This subtitle file could not be read: / 00:00:05 : time out of "
-                                   "order. / It is the same as the time of the line before.\n")));
     EXPECT_EQ(Check(Check_Subtitle_File, "film.sub", {"[TITLE]", "No body"}),
               std::pair(1, QString("ERROR: film.sub / This subtitle file could not be read: / 62, Input past end of "
                                    "file\n")));

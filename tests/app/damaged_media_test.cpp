@@ -1,21 +1,12 @@
 // Damaged media in a playlist played with the switch: whatever the damage,
 // the program neither crashes nor hangs, a file that fails ends stopped with
 // one readable message, and the next track plays.
-#include "app/program.h"
 #include "player/player_controls.h"
 #include "playlist/playlist_model.h"
-#include "shipped_files.h"
+#include "program_fixture.h"
 #include "support/damaged_media.h"
-#include "support/generated_media.h"
 #include "support/hostile_files.h"
-#include "support/temp_folder.h"
-#include "ui/message_box.h"
-#include "ui/skin_resources.h"
 
-#include <gtest/gtest.h>
-
-#include <QFile>
-#include <QTest>
 #include <functional>
 
 namespace Orvane {
@@ -41,14 +32,8 @@ const Damage_Case Damages[] = {
      [](auto& good, auto& out) { return Support::Write_Avi_Promising_Streams(good, out, 100); }},
 };
 
-class Damaged_Media : public testing::TestWithParam<Damage_Case> {
+class Damaged_Media : public Support::Program_Fixture, public testing::WithParamInterface<Damage_Case> {
 protected:
-    void SetUp() override
-    {
-        Init_Skin_Resources();
-        Orvane::Test::Copy_Shipped_Files(folder);
-    }
-
     bool Good_Track_Playing(Program& program)
     {
         const int current = program.State().Current_Track;
@@ -67,19 +52,16 @@ protected:
             text += u'\n' + program.Model().Track(n).Path;
         return text.toStdString();
     }
-
-    Support::Temp_Folder folder;
-    Message_Box_Recorder boxes;
 };
 
 TEST_P(Damaged_Media, EndsStoppedWithOneMessageOrPlaysOnAndTheNextTrackPlays)
 {
     const QString damaged = folder.File("damaged.avi");
     ASSERT_TRUE(GetParam().make(Support::Media().Avi_Three_Streams, damaged));
-    folder.Write("list.m3u", ("#EXTM3U\r\n#EXTINF:4,Damaged\r\n" + damaged + "\r\n#EXTINF:3,Good\r\n"
-                              + Support::Media().Wav + "\r\n").toUtf8());
+    const QString playlist =
+        folder.Write("list.m3u", Support::M3u({{"Damaged", damaged}, {"Good", Support::Media().Wav}}));
     Program program(folder.Path());
-    ASSERT_TRUE(program.Start({folder.File("list.m3u"), QStringLiteral("/play")}));
+    ASSERT_TRUE(program.Start({playlist, QStringLiteral("/play")}));
 
     // The damaged track is refused when added, plays to its end, or fails
     // and leaves the player stopped.
@@ -94,7 +76,7 @@ TEST_P(Damaged_Media, EndsStoppedWithOneMessageOrPlaysOnAndTheNextTrackPlays)
             program.Controls().Gestion_KeyPress('5');
         ASSERT_TRUE(QTest::qWaitFor([&] { return Good_Track_Playing(program); }, 10000)) << Describe(program);
     }
-    EXPECT_LE(boxes.Boxes().size(), 1u) << boxes.Last_Text().toStdString();
+    EXPECT_LE(boxes.Boxes().size(), 1u) << Last_Box();
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, Damaged_Media, testing::ValuesIn(Damages),

@@ -2,28 +2,22 @@
 // controls drive it: MPRIS2 properties, methods and signals on generated
 // media, and the screensaver kept away while a video plays.
 #include "app/desktop_bus.h"
-#include "app/program.h"
 #include "bus_client.h"
 #include "media/gst_media_graph.h"
 #include "player/playback_session.h"
 #include "player/player_controls.h"
 #include "playlist/playlist_model.h"
-#include "shipped_files.h"
-#include "support/generated_media.h"
-#include "support/temp_folder.h"
-#include "ui/message_box.h"
-#include "ui/skin_resources.h"
+#include "program_fixture.h"
 
 #include <QDBusArgument>
-#include <QDBusMetaType>
 #include <QDBusObjectPath>
-#include <QFile>
 #include <QUrl>
 
 namespace Orvane {
 namespace {
 
 using Orvane::Test::Bus_Client;
+using Orvane::Test::M3u;
 using Orvane::Test::Media;
 
 const QString Player_Interface = QStringLiteral("org.mpris.MediaPlayer2.Player");
@@ -63,15 +57,13 @@ public slots:
     }
 };
 
-class Desktop_Bus_Test : public testing::Test {
+class Desktop_Bus_Test : public Orvane::Test::Program_Fixture {
 protected:
     void SetUp() override
     {
         if (!Orvane::Test::Private_Bus_Available()) {
             GTEST_SKIP() << "needs a private session bus: run under dbus-run-session with ORVANE_TEST_PRIVATE_BUS=1";
         }
-        Init_Skin_Resources();
-        Orvane::Test::Copy_Shipped_Files(folder);
         program = std::make_unique<Program>(folder.Path());
         desktop = std::make_unique<Desktop_Bus>(*program);
         ASSERT_FALSE(desktop->Mpris_Service_Name().isEmpty());
@@ -98,14 +90,22 @@ protected:
         return client.Call(desktop->Mpris_Service_Name(), Desktop_Names::Mpris_Path, Player_Interface, method,
                            arguments);
     }
+    void Set(const QString& property, const QVariant& value)
+    {
+        client.Set(desktop->Mpris_Service_Name(), Desktop_Names::Mpris_Path, Player_Interface, property, value);
+    }
+    // Connects a signal of the player's object on the bus to a slot of receiver.
+    bool Listen(const QString& interface, const QString& signal, QObject* receiver, const char* slot)
+    {
+        return client.Connection().connect(desktop->Mpris_Service_Name(), Desktop_Names::Mpris_Path, interface,
+                                           signal, receiver, slot);
+    }
     QVariantMap Metadata() { return qdbus_cast<QVariantMap>(Get(QStringLiteral("Metadata")).value<QDBusArgument>()); }
     bool Status_Becomes(const QString& status)
     {
         return QTest::qWaitFor([&] { return Get(QStringLiteral("PlaybackStatus")).toString() == status; }, 5000);
     }
 
-    Orvane::Test::Temp_Folder folder;
-    Message_Box_Recorder boxes;
     Bus_Client client{QStringLiteral("media-controls")};
     std::unique_ptr<Program> program;
     std::unique_ptr<Desktop_Bus> desktop;
@@ -126,9 +126,8 @@ TEST_F(Desktop_Bus_Test, WithoutMediaTheTransportDoesNothing)
 TEST_F(Desktop_Bus_Test, PlayPauseAndStopAreTheButtonsAndAreAnnounced)
 {
     Change_Listener listener;
-    ASSERT_TRUE(client.Connection().connect(desktop->Mpris_Service_Name(), Desktop_Names::Mpris_Path,
-                                            "org.freedesktop.DBus.Properties", "PropertiesChanged", &listener,
-                                            SLOT(On_Changed(QString, QVariantMap, QStringList))));
+    ASSERT_TRUE(Listen("org.freedesktop.DBus.Properties", "PropertiesChanged", &listener,
+                       SLOT(On_Changed(QString, QVariantMap, QStringList))));
     Start({Media().Wav, QStringLiteral("/play")});
     EXPECT_TRUE(Status_Becomes("Playing"));
 
@@ -146,9 +145,7 @@ TEST_F(Desktop_Bus_Test, PlayPauseAndStopAreTheButtonsAndAreAnnounced)
 
 TEST_F(Desktop_Bus_Test, NextChangesTheMetadataAndPreviousComesBack)
 {
-    folder.Write("two.m3u", ("#EXTM3U\r\n#EXTINF:3,First\r\n" + Media().Wav + "\r\n#EXTINF:3,Second\r\n"
-                             + Media().Mp3 + "\r\n").toUtf8());
-    Start({folder.File("two.m3u"), QStringLiteral("/play")});
+    Start({folder.Write("two.m3u", M3u({{"First", Media().Wav}, {"Second", Media().Mp3}})), QStringLiteral("/play")});
     EXPECT_EQ(Metadata().value("xesam:title").toString(), "First");
     EXPECT_TRUE(Get(QStringLiteral("CanGoNext")).toBool());
     EXPECT_FALSE(Get(QStringLiteral("CanGoPrevious")).toBool());
@@ -167,8 +164,7 @@ TEST_F(Desktop_Bus_Test, NextChangesTheMetadataAndPreviousComesBack)
 TEST_F(Desktop_Bus_Test, SeekAndSetPositionMoveThePositionAndSignalSeeked)
 {
     Change_Listener listener;
-    ASSERT_TRUE(client.Connection().connect(desktop->Mpris_Service_Name(), Desktop_Names::Mpris_Path,
-                                            Player_Interface, "Seeked", &listener, SLOT(On_Seeked(qlonglong))));
+    ASSERT_TRUE(Listen(Player_Interface, "Seeked", &listener, SLOT(On_Seeked(qlonglong))));
     Start({Media().Avi_Three_Streams, QStringLiteral("/play")});
     Call(QStringLiteral("Pause"));
 
@@ -190,8 +186,7 @@ TEST_F(Desktop_Bus_Test, VolumeTakesTheNearestOfTheSevenLevels)
     Start({Media().Wav, QStringLiteral("/play")});
     const std::pair<double, int> cases[] = {{0.5, 3}, {1.0, 6}, {0.0, 0}, {0.4, 2}, {7.0, 6}};
     for (const auto& [volume, level] : cases) {
-        client.Set(desktop->Mpris_Service_Name(), Desktop_Names::Mpris_Path, Player_Interface,
-                   QStringLiteral("Volume"), volume);
+        Set(QStringLiteral("Volume"), volume);
         EXPECT_EQ(program->State().Volume_Level, level) << volume;
     }
     EXPECT_DOUBLE_EQ(Get(QStringLiteral("Volume")).toDouble(), 1.0);
@@ -201,8 +196,7 @@ TEST_F(Desktop_Bus_Test, LoopStatusIsThePlaylistRepeat)
 {
     Start({});
     for (const auto& [status, repeat] : {std::pair{"Playlist", true}, {"Track", true}, {"None", false}}) {
-        client.Set(desktop->Mpris_Service_Name(), Desktop_Names::Mpris_Path, Player_Interface,
-                   QStringLiteral("LoopStatus"), QString::fromLatin1(status));
+        Set(QStringLiteral("LoopStatus"), QString::fromLatin1(status));
         EXPECT_EQ(program->Current_Settings().Playlist_Repeat, repeat) << status;
     }
     program->Current_Settings().Playlist_Repeat = true;
@@ -224,9 +218,7 @@ TEST_F(Desktop_Bus_Test, QuitWritesTheSettingsAsFermerDoes)
     const QByteArray level = QByteArray::number(program->State().Volume_Level);
     client.Call(desktop->Mpris_Service_Name(), Desktop_Names::Mpris_Path, Root_Interface, QStringLiteral("Quit"));
     ASSERT_TRUE(QTest::qWaitFor([&] { return !program->Graph().Is_Open(); }, 5000));
-    const QList<QByteArray> lines = folder.Read("orvan.ini").split('\n');
-    ASSERT_GE(lines.size(), 28);
-    EXPECT_EQ(lines[27], " " + level + " \r") << "the volume in use, written at quit";
+    EXPECT_EQ(Saved_Volume_Line(), " " + level + " \r") << "the volume in use, written at quit";
 }
 
 class Screensaver_Test : public Desktop_Bus_Test {
@@ -266,9 +258,8 @@ TEST_F(Screensaver_Test, AVideoInhibitsUntilPausedAndAgainUntilQuit)
 
 TEST_F(Screensaver_Test, SoundAloneNeverInhibits)
 {
-    folder.Write("mixed.m3u", ("#EXTM3U\r\n#EXTINF:3,Song\r\n" + Media().Mp3 + "\r\n#EXTINF:3,Film\r\n"
-                               + Media().Avi_One_Stream + "\r\n").toUtf8());
-    Start({folder.File("mixed.m3u"), QStringLiteral("/play")});
+    Start({folder.Write("mixed.m3u", M3u({{"Song", Media().Mp3}, {"Film", Media().Avi_One_Stream}})),
+           QStringLiteral("/play")});
     // The video that follows shows the watch has been looking all along.
     ASSERT_TRUE(QTest::qWaitFor([&] { return program->State().Current_Track == 2; }, 8000));
     ASSERT_TRUE(QTest::qWaitFor([&] { return !screensaver.inhibited.isEmpty(); }, 5000));

@@ -1,27 +1,18 @@
 // Files dragged from a file manager onto the windows, as synthesized drop
 // events, and a playlist's relative entries found from its own folder.
 #include "app/file_drop.h"
-#include "app/program.h"
-#include "player/frm_player.h"
 #include "playlist/frm_playlist.h"
 #include "playlist/playlist_model.h"
 #include "playlist/playlist_window_batch.h"
 #include "playlist/track.h"
-#include "shipped_files.h"
+#include "program_fixture.h"
 #include "subtitles/frm_display.h"
-#include "support/generated_media.h"
-#include "support/temp_folder.h"
-#include "ui/message_box.h"
-#include "ui/skin_resources.h"
-
-#include <gtest/gtest.h>
 
 #include <QDir>
 #include <QDropEvent>
 #include <QFile>
 #include <QFileInfo>
 #include <QMimeData>
-#include <QTest>
 #include <QUrl>
 
 namespace Orvane {
@@ -29,19 +20,13 @@ namespace {
 
 using Orvane::Test::Media;
 
-class File_Drop_Test : public testing::Test {
+class File_Drop_Test : public Orvane::Test::Program_Fixture {
 protected:
-    void SetUp() override
-    {
-        Init_Skin_Resources();
-        Orvane::Test::Copy_Shipped_Files(folder);
-    }
     void TearDown() override { QDir::setCurrent(start_directory); }
 
     void Start(const QStringList& arguments = {})
     {
-        ASSERT_TRUE(program.Start(arguments));
-        ASSERT_TRUE(QTest::qWaitFor([&] { return program.Player_Window().height() == 260; }, 3000));
+        Start_Unrolled(program, arguments);
         // A file named is opened once the bar has unrolled.
         if (!arguments.isEmpty()) {
             ASSERT_TRUE(QTest::qWaitFor([&] { return program.Model().Track_Count() >= 1; }, 5000));
@@ -69,8 +54,6 @@ protected:
     }
 
     const QString start_directory = QDir::currentPath();
-    Orvane::Test::Temp_Folder folder;
-    Message_Box_Recorder boxes;
     Program program{folder.Path()};
     File_Drop drops{program};
 };
@@ -99,14 +82,14 @@ TEST_F(File_Drop_Test, AFileDroppedOnThePlayerOrTheDisplayPlays)
     EXPECT_TRUE(QTest::qWaitFor([&] { return program.State().Is_Playing; }, 5000));
     ASSERT_TRUE(Drop(program.Display_Window(), {Media().Wav}));
     EXPECT_TRUE(QTest::qWaitFor([&] { return program.State().Current_Track == 2; }, 5000));
-    EXPECT_TRUE(boxes.Boxes().empty()) << boxes.Last_Text().toStdString();
+    EXPECT_TRUE(boxes.Boxes().empty()) << Last_Box();
 }
 
 TEST_F(File_Drop_Test, APlaylistDroppedIsLoadedWithItsRelativeEntriesFromItsFolder)
 {
     QDir(folder.Path()).mkdir("music");
     QFile::copy(Media().Wav, folder.File("music/song.wav"));
-    folder.Write("music/list.m3u", "#EXTM3U\r\n#EXTINF:3,Song\r\nsong.wav\r\n");
+    folder.Write("music/list.m3u", Orvane::Test::M3u({{"Song", "song.wav"}}));
     Start();
     QDir::setCurrent(QDir::tempPath());
     ASSERT_TRUE(Drop(program.Playlist_Window(), {folder.File("music/list.m3u")}));
@@ -118,7 +101,7 @@ TEST_F(File_Drop_Test, APlaylistDroppedIsLoadedWithItsRelativeEntriesFromItsFold
 
 TEST_F(File_Drop_Test, ASubtitleDroppedBelongsToTheSelectedTrack)
 {
-    folder.Write("film.sub", "[TITLE]\r\nFilm\r\n[BEGIN]\r\n***\r\n[00:00:01]\r\nLigne\r\n[END]\r\n");
+    folder.Write("film.sub", Orvane::Test::One_Subtitle("Ligne"));
     Start({Media().Avi_One_Stream});
     ASSERT_EQ(program.Model().Selected_Track(), 1);
     ASSERT_TRUE(Drop(program.Player_Window(), {folder.File("film.sub")}));

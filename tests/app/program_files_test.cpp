@@ -8,6 +8,7 @@
 #include "player/unroll.h"
 #include "playlist/playlist_model.h"
 #include "support/generated_media.h"
+#include "support/playlist_text.h"
 #include "support/temp_folder.h"
 #include "ui/message_box.h"
 #include "ui/skin_resources.h"
@@ -27,6 +28,9 @@ namespace Orvane {
 namespace {
 
 const QString Resources = QStringLiteral(ORVANE_SOURCE_DIR "/resources/");
+// Inside the test's root folder.
+const QString Shipped_Config = QStringLiteral("share/orvane/orvan.ini");
+const QString User_Copy = QStringLiteral("home/.config/orvane/orvan.ini");
 
 // A program folder, an installed data folder and a user's home, all fresh.
 class Program_Files_Test : public testing::Test {
@@ -59,13 +63,12 @@ protected:
     Orvane::Test::Temp_Folder root;
 };
 
-struct Expected_Files {
-    bool portable;
-    QString config_folder, first_config, language_folder;
-};
-
 TEST_F(Program_Files_Test, TheModeFollowsWhetherOrvanIniBesideTheProgramCanBeWritten)
 {
+    struct Expected_Files {
+        bool portable;
+        QString config_folder, first_config, language_folder;
+    };
     // Shipped in the data folder, and a user's own language file.
     Ship(Data_Folder(), "orvan.ini", QFile::ReadOwner);
     Ship(Data_Folder(), "Lang.ini", QFile::ReadOwner);
@@ -129,22 +132,14 @@ TEST_F(Program_Files_Test, TheUsersCopyIsMadeOnceAndIsTheirsToRewrite)
     EXPECT_EQ(files.Config_To_Read(), Data_Folder() + "/orvan.ini");
 
     ASSERT_TRUE(Provide_User_Config(files));
-    QFile copy(files.Config_File());
-    ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
-    QFile shipped(Data_Folder() + "/orvan.ini");
-    ASSERT_TRUE(shipped.open(QIODevice::ReadOnly));
-    EXPECT_EQ(copy.readAll(), shipped.readAll());
-    copy.close();
+    EXPECT_EQ(root.Read(User_Copy), root.Read(Shipped_Config));
     EXPECT_TRUE(QFileInfo(files.Config_File()).permissions() & QFile::WriteOwner);
     EXPECT_EQ(files.Config_To_Read(), files.Config_File());
 
     // A later start keeps what the user's copy became.
-    ASSERT_TRUE(copy.open(QIODevice::WriteOnly));
-    copy.write("changed by the user\r\n");
-    copy.close();
+    root.Write(User_Copy, "changed by the user\r\n");
     EXPECT_TRUE(Provide_User_Config(files));
-    ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
-    EXPECT_EQ(copy.readAll(), "changed by the user\r\n");
+    EXPECT_EQ(root.Read(User_Copy), "changed by the user\r\n");
 }
 
 // The whole program installed: the user's copy is read and written, the
@@ -155,15 +150,8 @@ TEST_F(Program_Files_Test, AnInstalledProgramKeepsTheUsersSettingsAndShowsTheDem
     Ship(Data_Folder(), "orvan.ini", QFile::ReadOwner);
     Ship(Data_Folder(), "Lang.ini", QFile::ReadOwner);
     ASSERT_TRUE(QDir().mkpath(Data_Folder() + "/demo"));
-    QFile demo(Data_Folder() + "/demo/demo.orx");
-    ASSERT_TRUE(demo.open(QIODevice::WriteOnly));
-    demo.write(("#EXTORX\r\n#TRACK\r\nTitre=Demo\r\nMedia=" + Orvane::Test::Media().Wav + "\r\nAudio=\r\nSousT=\r\n")
-                   .toUtf8());
-    demo.close();
-    const QByteArray shipped = [&] {
-        QFile file(Data_Folder() + "/orvan.ini");
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }();
+    root.Write("share/orvane/demo/demo.orx", Orvane::Test::Orx_Track("Demo", Orvane::Test::Media().Wav));
+    const QByteArray shipped = root.Read(Shipped_Config);
     Message_Box_Recorder boxes;
     const Program_Files files = Locate_Program_Files(Places());
     ASSERT_EQ(files.Demo_Playlist, Data_Folder() + "/demo/demo.orx");
@@ -180,14 +168,8 @@ TEST_F(Program_Files_Test, AnInstalledProgramKeepsTheUsersSettingsAndShowsTheDem
         program.Controls().Gestion_KeyPress('8');
         program.Controls().Quit();
     }
-    QFile user_file(files.Config_File());
-    ASSERT_TRUE(user_file.open(QIODevice::ReadOnly));
-    const QList<QByteArray> lines = user_file.readAll().split('\n');
-    ASSERT_GE(lines.size(), 28);
-    EXPECT_EQ(lines[27], " 4 \r");  // the shipped volume 3, one step up
-    QFile shipped_file(Data_Folder() + "/orvan.ini");
-    ASSERT_TRUE(shipped_file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(shipped_file.readAll(), shipped);
+    EXPECT_EQ(root.Read(User_Copy).split('\n').value(27), " 4 \r");  // the shipped volume 3, one step up
+    EXPECT_EQ(root.Read(Shipped_Config), shipped);
 
     Program second(files);
     start(second);

@@ -1,16 +1,10 @@
 // Quitting ends the program whichever windows are open, through "Fermer" or
 // a signal, and a signal quits the real executable with its settings written.
-#include "app/program.h"
 #include "app/quit_signals.h"
-#include "player/frm_player.h"
 #include "player/player_controls.h"
 #include "playlist/frm_playlist.h"
-#include "support/temp_folder.h"
-#include "ui/message_box.h"
+#include "program_fixture.h"
 #include "ui/skin_label.h"
-#include "ui/skin_resources.h"
-
-#include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QDateTime>
@@ -18,7 +12,6 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QProcess>
-#include <QTest>
 #include <QTimer>
 
 #include <csignal>
@@ -27,15 +20,6 @@ namespace Orvane {
 namespace {
 
 using namespace std::chrono_literals;
-
-const QString Resources = QStringLiteral(ORVANE_SOURCE_DIR "/resources/");
-
-void Copy_Shipped_Files(const Orvane::Test::Temp_Folder& folder)
-{
-    QFile::copy(Resources + "Lang.ini", folder.File("Lang.ini"));
-    QFile::copy(Resources + "orvan.ini", folder.File("orvan.ini"));
-    QFile::setPermissions(folder.File("orvan.ini"), QFile::ReadOwner | QFile::WriteOwner);
-}
 
 // Runs the application's event loop until something ends it; -1 when the
 // deadline ended it.
@@ -59,17 +43,7 @@ struct Quit_Case {
 
 void PrintTo(const Quit_Case& quit_case, std::ostream* out) { *out << quit_case.name; }
 
-class Quit_Test : public testing::TestWithParam<Quit_Case> {
-protected:
-    void SetUp() override
-    {
-        Init_Skin_Resources();
-        Copy_Shipped_Files(folder);
-    }
-
-    Orvane::Test::Temp_Folder folder;
-    Message_Box_Recorder boxes;
-};
+class Quit_Test : public Orvane::Test::Program_Fixture, public testing::WithParamInterface<Quit_Case> {};
 
 bool Window_Shown(const char* name)
 {
@@ -158,7 +132,7 @@ class Quit_Signal_Process_Test : public testing::TestWithParam<int> {};
 TEST_P(Quit_Signal_Process_Test, TheProgramEndsNormallyWithItsSettingsWritten)
 {
     Orvane::Test::Temp_Folder folder;
-    Copy_Shipped_Files(folder);
+    Orvane::Test::Copy_Shipped_Files(folder);
     const QString program = folder.File("orvane");
     ASSERT_TRUE(QFile::copy(QStringLiteral(ORVANE_BINARY_DIR "/orvane"), program));
     // An old date: the write at quitting shows as a new one.

@@ -19,6 +19,8 @@ namespace Orvane {
 namespace {
 
 const QByteArray Old_Content = "old settings\r\nkept byte for byte\r\n";
+// The file's own name can be made, a temporary one beside it cannot.
+const QString Long_Name(250, u'n');
 
 QStringList Entries(const QString& folder)
 {
@@ -52,7 +54,7 @@ TEST(Replace_File_Contents, FailuresLeaveTheOldFileAndSayWhy)
 {
     struct Case {
         const char* what;
-        const char* target;  // inside the test's folder
+        QString target;  // inside the test's folder
         std::function<void(const Orvane::Test::Temp_Folder&)> prepare;
         const char* reason;
         bool size_limited = false;
@@ -66,6 +68,8 @@ TEST(Replace_File_Contents, FailuresLeaveTheOldFileAndSayWhy)
         {"a missing folder", "gone/orvan.ini", [](const auto&) {}, "No such file or directory"},
         {"a file in the folder's place", "plain/orvan.ini",
          [](const auto& folder) { folder.Write("plain", Old_Content); }, "Not a directory"},
+        {"a temporary name too long", Long_Name,
+         [](const auto& folder) { folder.Write(Long_Name, Old_Content); }, "File name too long"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);

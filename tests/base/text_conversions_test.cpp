@@ -86,25 +86,13 @@ TEST(Text_File_Reader, DecodesSplitsAndNumbersItsErrors)
     EXPECT_EQ(Read_All(folder.Path()), QStringList{"75, Path/File access error"});
 }
 
-TEST(Write_Text_Lines, ReplacesTheWholeFileOrLeavesWhatWasThere)
+// Its failures are those of Replace_File_Contents, tested with it.
+TEST(Write_Text_Lines, ReplacesTheWholeFileWithUtf8LinesEndedByCrLf)
 {
     Orvane::Test::Temp_Folder folder;
     const QString path = folder.Write("out.txt", QByteArray(100, 'x'));
     ASSERT_TRUE(Write_Text_Lines(path, {"é", ""}));
     EXPECT_EQ(folder.Read("out.txt"), "\xC3\xA9\r\n\r\n");
-
-    ASSERT_TRUE(QDir(folder.Path()).mkpath("target/inside"));
-    EXPECT_FALSE(Write_Text_Lines(folder.File("target"), {"new"}));
-    EXPECT_TRUE(QDir(folder.File("target/inside")).exists());
-    EXPECT_EQ(QDir(folder.Path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden),
-              (QStringList{"out.txt", "target"}));  // no temporary file left behind
-    EXPECT_FALSE(Write_Text_Lines(folder.File("no/such/folder.txt"), {"new"}));
-
-    // The temporary file's name is too long to be made: the old file stays.
-    const QString long_name(250, u'n');
-    folder.Write(long_name, "old\r\n");
-    EXPECT_FALSE(Write_Text_Lines(folder.File(long_name), {"new"}));
-    EXPECT_EQ(folder.Read(long_name), "old\r\n");
 }
 
 } // namespace

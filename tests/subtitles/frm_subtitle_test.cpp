@@ -36,37 +36,28 @@ QRegion Region_Of(const QString& line1, const QString& line2, int size = 24, int
     return Shape::Build_Text_Region(Shape::Text_Outline(font, line1, 100, line2, 120), edge);
 }
 
-TEST(Subtitle_Text_Region, OneLineStaysInTheFirstLinesBox)
+TEST(Subtitle_Text_Region, EachLineStaysInItsBoxAndGrowsWithTheSize)
 {
-    const QRegion region = Region_Of(QStringLiteral("Bonjour"), QString());
+    const QRegion one = Region_Of(QStringLiteral("Bonjour"), QString());
     const QFont font = Shape::Subtitle_Font(Subtitle_Settings(), 24);
     const QRect line1_box(100, 0, QFontMetrics(font).horizontalAdvance("Bonjour"), QFontMetrics(font).height());
-    ASSERT_FALSE(region.isEmpty());
-    EXPECT_TRUE(line1_box.contains(region.boundingRect())) << "box " << region.boundingRect().x() << ','
-                                                            << region.boundingRect().bottom();
-    EXPECT_TRUE(region.intersected(QRect(0, Shape::Line2_Offset, 4000, 400)).isEmpty());
-}
+    ASSERT_FALSE(one.isEmpty());
+    EXPECT_TRUE(line1_box.contains(one.boundingRect()));
+    const QRect below_line1(0, Shape::Line2_Offset, 4000, 400);
+    EXPECT_TRUE(one.intersected(below_line1).isEmpty());
 
-TEST(Subtitle_Text_Region, TheSecondLineIsDrawnFortyPixelsBelow)
-{
-    const QRegion region = Region_Of(QStringLiteral("Bonjour"), QStringLiteral("le monde"));
-    const QRegion second = region.intersected(QRect(0, Shape::Line2_Offset, 4000, 400));
+    // The second line is drawn forty pixels below, from its own left.
+    const QRegion second = Region_Of(QStringLiteral("Bonjour"), QStringLiteral("le monde")).intersected(below_line1);
     ASSERT_FALSE(second.isEmpty());
     EXPECT_GE(second.boundingRect().left(), 120);
-}
 
-TEST(Subtitle_Text_Region, NoTextGivesNoRegion)
-{
-    EXPECT_TRUE(Region_Of(QString(), QString()).isEmpty());
-    EXPECT_TRUE(Region_Of(QString(), QString(), 24, Shape::Edge_Width).isEmpty());
-}
-
-TEST(Subtitle_Text_Region, ALargerSizeGivesALargerBox)
-{
     const QRect small = Region_Of(QStringLiteral("Bonjour"), QString(), 12).boundingRect();
     const QRect large = Region_Of(QStringLiteral("Bonjour"), QString(), 36).boundingRect();
     EXPECT_GT(large.width(), small.width());
     EXPECT_GT(large.height(), small.height());
+
+    EXPECT_TRUE(Region_Of(QString(), QString()).isEmpty());
+    EXPECT_TRUE(Region_Of(QString(), QString(), 24, Shape::Edge_Width).isEmpty());
 }
 
 TEST(Subtitle_Text_Region, TheEdgeGrowsTheLettersByItsWidthOnly)

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace Orvane {
 namespace {
 
@@ -21,11 +23,15 @@ TEST(Subtitle_Timing, FindsTheFirstEntryAtOrAfterTheTimeAndNeverTheClosingRecord
         EXPECT_EQ(Find_Subtitle(film, time, delay), expected) << time;
     EXPECT_EQ(Find_Subtitle(Subtitle_Table(), "00:00:00", none), 0) << "a refused file leaves no closing record";
 
-    EXPECT_EQ(Subtitle_Start_Time(film, 2, five) + " " + Subtitle_Start_Time(film, 2, five_off), "00:01:05 00:01:00");
-    EXPECT_EQ(Subtitle_Start_Time(film, 1, {true, 60}), "00:01:10");  // the 60 s the delay buttons reach
-    EXPECT_EQ(Subtitle_Start_Time(film, 0, none) + Subtitle_Start_Time(film, 5, none), "");
-    EXPECT_EQ(Subtitle_Line1(film, 2) + "/" + Subtitle_Line2(film, 2), "Second/two");
-    EXPECT_EQ(Subtitle_Line1(film, 5) + Subtitle_Line2(film, -1), "");
+    const Subtitle_Delay_Choice minute{true, 60};  // the most the delay buttons reach
+    const std::tuple<int, Subtitle_Delay_Choice, const char*> starts[] = {
+        {2, five, "00:01:05"}, {2, five_off, "00:01:00"}, {1, minute, "00:01:10"}, {0, none, ""}, {5, none, ""}};
+    for (const auto& [entry, delay, start] : starts)
+        EXPECT_EQ(Subtitle_Start_Time(film, entry, delay), start) << entry;
+    EXPECT_EQ(Subtitle_Line1(film, 2), "Second");
+    EXPECT_EQ(Subtitle_Line2(film, 2), "two");
+    EXPECT_EQ(Subtitle_Line1(film, 5), "");
+    EXPECT_EQ(Subtitle_Line2(film, -1), "");
 }
 
 } // namespace
