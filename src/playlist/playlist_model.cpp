@@ -265,8 +265,8 @@ bool Playlist_Model::Associate_Audio(int track, const QString& path, const QStri
                                      QItemSelectionModel::ClearAndSelect);
 
     if (track == state_.Current_Track) {
-        if (state_.Audio_Choice == 0)
-            state_.Audio_Choice = 1;
+        if (state_.Audio_Choice.Is_None())
+            state_.Audio_Choice = Audio_Choice::First();
         hooks_.Associated_Audio_Added(track, record.Associated_Count);
     }
     return true;
@@ -291,13 +291,11 @@ void Playlist_Model::Remove_Associated_Audio()
                                          QItemSelectionModel::ClearAndSelect);
 
     if (is_current) {
-        // Associated file j is audio choice streams + j.
-        const int removed_choice = std::max<int>(0, record.Audio_Streams) + row + 1;
-        const bool was_heard = state_.Audio_Choice == removed_choice;
-        if (was_heard)
-            state_.Audio_Choice = record.Audio_Streams >= 1 || record.Associated_Count >= 1 ? 1 : 0;
-        else if (state_.Audio_Choice > removed_choice)
-            --state_.Audio_Choice;
+        const Audio_Choice removed = Audio_Choice::Associated(row + 1, record.Audio_Streams);
+        const bool was_heard = state_.Audio_Choice == removed;
+        state_.Audio_Choice = state_.Audio_Choice.Without_Associated(row + 1, record.Audio_Streams);
+        if (was_heard && (record.Audio_Streams >= 1 || record.Associated_Count >= 1))
+            state_.Audio_Choice = Audio_Choice::First();
         hooks_.Associated_Audio_Removed(track, was_heard);
     }
     emit Track_Info_Changed(track);

@@ -9,7 +9,7 @@ protected:
     void Play_Film(int streams, const QStringList& associated, int choice)
     {
         tracks = {Video_Track("Film", streams, associated)};
-        state.Audio_Choice = int16_t(choice);
+        state.Audio_Choice = Audio_Choice::From_Number(choice);
         Start(1);
         graph.position = 42.0;
     }

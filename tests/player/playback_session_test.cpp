@@ -88,13 +88,13 @@ TEST_F(Playback_Session_Test, Audio_Choice_Kept_Up_To_Twice_The_Stream_Count)
         {2, 2, "Connect_Audio_Stream(2)"}, {3, 3, "Render_Associated_Audio(/media/English.wav)"}};
     for (const auto& [choice, kept, heard] : cases) {
         journal.Clear();
-        state.Audio_Choice = int16_t(choice);
+        state.Audio_Choice = Audio_Choice::From_Number(choice);
         session.Play_Track();
-        EXPECT_EQ(state.Audio_Choice, kept);
+        EXPECT_EQ(state.Audio_Choice.Number(), kept);
         EXPECT_EQ(journal.Only({"Connect", "Render"}).join(u' '), heard);
     }
     graph.associated_fails = true;
-    state.Audio_Choice = 3;
+    state.Audio_Choice = Audio_Choice::From_Number(3);
     session.Play_Track();
     EXPECT_EQ(boxes.Last_Text(), "cannot render /media/English.wav");
     EXPECT_TRUE(graph.running) << "the picture goes on";

@@ -113,7 +113,7 @@ TEST_F(Time_Display_Test, Status_Labels_And_Lamps_Of_The_Current_Track)
     const auto lamp = [this](QWidget* picture, const char* name) { return picture->isVisibleTo(&view) ? name : ""; };
     for (const auto& [track, choice, loaded, shown, labels] : cases) {
         state.Current_Track = track;
-        state.Audio_Choice = int16_t(choice);
+        state.Audio_Choice = Audio_Choice::From_Number(choice);
         state.Subtitles_Loaded = loaded;
         state.Subtitles_Shown = shown;
         time().Refresh_Display();

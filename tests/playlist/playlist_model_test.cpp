@@ -155,13 +155,13 @@ TEST_F(Playlist_Model_Test, AssociatedAudioRules)
     // From Add_Track's list the empty piece is left out and the file with a picture refused.
     model.Add_Track(One, {English, QString(), Two}, false, QStringLiteral("One"), 1, 1);
     Add_All({Two});
-    bench.state.Audio_Choice = 0;
+    bench.state.Audio_Choice = Audio_Choice::From_Number(0);
     EXPECT_FALSE(model.Associate_Audio(1, Two, QStringLiteral("two")));
     EXPECT_FALSE(model.Associate_Audio(1, QStringLiteral("/films/missing.wav"), QStringLiteral("missing")));
     ASSERT_EQ(boxes.Boxes().size(), 2u) << "a file that cannot be rendered is refused without a word";
     EXPECT_EQ(boxes.Last_Text(), "T1210");
     EXPECT_EQ(boxes.Boxes()[1].style, Box_Style::Critical_Ok);
-    EXPECT_EQ(std::pair(int(model.Track(1).Associated_Count), int(bench.state.Audio_Choice)), std::pair(1, 0));
+    EXPECT_EQ(std::pair(int(model.Track(1).Associated_Count), int(bench.state.Audio_Choice.Number())), std::pair(1, 0));
     EXPECT_TRUE(calls.isEmpty());
 
     // To the current track: choice 0 becomes 1, the player hears about it, the new entry is selected.
@@ -172,11 +172,11 @@ TEST_F(Playlist_Model_Test, AssociatedAudioRules)
     EXPECT_EQ(QStringList({added.Path, added.Name, added.Duration_Text, added.Kind}),
               QStringList({Commentary, "commentary", "00:00:30", "WAV"}));
     EXPECT_EQ(State(), "One,two.mpg current=1 selected=1 shown=1 01:01:01 [english,commentary]");
-    EXPECT_EQ(std::pair(int(bench.state.Audio_Choice), model.Audio_Selection()->currentIndex().row()), std::pair(1, 1));
+    EXPECT_EQ(std::pair(int(bench.state.Audio_Choice.Number()), model.Audio_Selection()->currentIndex().row()), std::pair(1, 1));
     // To another track: no hook, choice unchanged; the list shows that track.
-    bench.state.Audio_Choice = 0;
+    bench.state.Audio_Choice = Audio_Choice::From_Number(0);
     EXPECT_TRUE(model.Associate_Audio(2, English, QStringLiteral("english")));
-    EXPECT_EQ(std::pair(int(bench.state.Audio_Choice), calls.size()), std::pair(0, qsizetype(1)));
+    EXPECT_EQ(std::pair(int(bench.state.Audio_Choice.Number()), calls.size()), std::pair(0, qsizetype(1)));
     EXPECT_EQ(State(), "One,two.mpg current=1 selected=2 shown=2 01:01:01 [english]");
 }
 
@@ -185,13 +185,13 @@ TEST_F(Playlist_Model_Test, RemovingAssociatedAudioKeepsTheChoiceOnTheSameSound)
     Add_All({One});  // two streams: choices 1, 2, then files 3, 4
     model.Associate_Audio(1, English, QStringLiteral("english"));
     model.Associate_Audio(1, Commentary, QStringLiteral("commentary"));
-    bench.state.Audio_Choice = 4;
+    bench.state.Audio_Choice = Audio_Choice::From_Number(4);
     calls.clear();
     QList<int> choices;
     for (int i = 0; i < 3; ++i) {  // the third time nothing is selected: nothing removed
         model.Audio_Selection()->setCurrentIndex(model.Audio_List()->index(0), QItemSelectionModel::ClearAndSelect);
         model.Remove_Associated_Audio();
-        choices << bench.state.Audio_Choice;
+        choices << bench.state.Audio_Choice.Number();
     }
     EXPECT_EQ(choices, (QList<int>{3, 1, 1})) << "4 -> 3 for the same file; the file heard gone: the first stream";
     EXPECT_EQ(calls, (QStringList{"Clear_Audio_Menus(1) current=1 count=1",
@@ -302,7 +302,7 @@ TEST(Playlist_Real_Media, AnalysedFilesFillTheRecordsAndRefuseWhatTheyMust)
     ASSERT_EQ(model.Track(1).Associated_Count, 1);
     EXPECT_EQ(model.Track(1).Associated_Audio[0].Duration_Text + " " + model.Track(1).Associated_Audio[0].Kind,
               "00:00:04 WAV");
-    EXPECT_EQ(state.Audio_Choice, 1);
+    EXPECT_EQ(state.Audio_Choice.Number(), 1);
 }
 
 } // namespace
