@@ -86,6 +86,7 @@ Frm_PlayList::Frm_PlayList(Playlist_Model& model, Playback_State& state, CdlgEx&
                            const Text_Table& texts, QWidget* parent)
     : QWidget(parent, Qt::Window | Qt::FramelessWindowHint),
       model_(model),
+      window_state_(model),
       state_(state),
       dialog_(dialog),
       settings_(settings),
@@ -98,8 +99,8 @@ Frm_PlayList::Frm_PlayList(Playlist_Model& model, Playback_State& state, CdlgEx&
     close_ = Make_Picture_Button(this, QStringLiteral("button_close"), QStringLiteral("Img_Fermer"),
                                  Layout::Close_Button);
     Build_Tabs();
-    tracks_ = new Playlist_Panel_Tracks(model, state, this);
-    audio_ = new Playlist_Panel_Audio(model, this);
+    tracks_ = new Playlist_Panel_Tracks(model, window_state_, state, this);
+    audio_ = new Playlist_Panel_Audio(model, window_state_, this);
     subtitles_ = new Playlist_Panel_Subtitles(model, this);
     for (QWidget* panel : {static_cast<QWidget*>(tracks_), static_cast<QWidget*>(audio_),
                            static_cast<QWidget*>(subtitles_)})
@@ -121,7 +122,14 @@ Frm_PlayList::Frm_PlayList(Playlist_Model& model, Playback_State& state, CdlgEx&
     Shape_Window(this, Corner);
 }
 
-Frm_PlayList::~Frm_PlayList() = default;
+Frm_PlayList::~Frm_PlayList()
+{
+    // The panels' lists show the window state's models, which go with the
+    // members, before the children would.
+    delete tracks_;
+    delete audio_;
+    delete subtitles_;
+}
 
 void Frm_PlayList::Build_Tabs()
 {
@@ -171,9 +179,10 @@ void Frm_PlayList::Connect_Buttons()
                 });
     connect(subtitles_->Img_Option, &Picture_Button::Clicked, this, [this](Qt::MouseButton button) {
         if (button == Qt::LeftButton)
-            model_.Toggle_Subtitle_Flag();
+            model_.Toggle_Subtitle_Flag(window_state_.Subtitle_Panel_Track());
     });
-    connect(subtitles_->Lbl_Option, &Skin_Label::Clicked, this, [this] { model_.Toggle_Subtitle_Flag(); });
+    connect(subtitles_->Lbl_Option, &Skin_Label::Clicked, this,
+            [this] { model_.Toggle_Subtitle_Flag(window_state_.Subtitle_Panel_Track()); });
 
     connect(tracks_->Lst_Playlist, &QListView::doubleClicked, this, [this](const QModelIndex& index) {
         if (index.isValid() && play_track_)
@@ -184,16 +193,17 @@ void Frm_PlayList::Connect_Buttons()
 
 void Frm_PlayList::Connect_Model()
 {
-    connect(&model_, &Playlist_Model::Track_Info_Changed, this, [this](int track) {
+    Playlist_Window_State* shown = &window_state_;
+    connect(shown, &Playlist_Window_State::Track_Info_Changed, this, [this](int track) {
         tracks_->Show_Track_Info(track);
         audio_->Show_Track_Info(track);
         Refresh_Usable();
     });
-    connect(&model_, &Playlist_Model::Subtitle_Panel_Changed, subtitles_, &Playlist_Panel_Subtitles::Show_Subtitle);
-    connect(&model_, &Playlist_Model::Playlist_Duration_Changed, tracks_, &Playlist_Panel_Tracks::Show_Total);
-    connect(&model_, &Playlist_Model::Track_Controls_Usable_Changed, this, [this] { Refresh_Usable(); });
-    connect(model_.Audio_Selection(), &QItemSelectionModel::currentChanged, this, [this] { Refresh_Usable(); });
-    connect(model_.Playlist_Selection(), &QItemSelectionModel::currentChanged, this,
+    connect(shown, &Playlist_Window_State::Subtitle_Panel_Changed, subtitles_, &Playlist_Panel_Subtitles::Show_Subtitle);
+    connect(shown, &Playlist_Window_State::Playlist_Duration_Changed, tracks_, &Playlist_Panel_Tracks::Show_Total);
+    connect(shown, &Playlist_Window_State::Track_Controls_Usable_Changed, this, [this] { Refresh_Usable(); });
+    connect(shown->Audio_Selection(), &QItemSelectionModel::currentChanged, this, [this] { Refresh_Usable(); });
+    connect(shown->Playlist_Selection(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& current) {
                 if (current.isValid())
                     tracks_->Lst_Playlist->scrollTo(current);
@@ -271,13 +281,13 @@ void Frm_PlayList::Apply_Texts(const Text_Table& texts)
     subtitles_->Img_Option->setAccessibleName(texts.Get_Text(Text_Apply_Delay));
 
     // Texts shown for "nothing" follow the language too.
-    audio_->Show_Track_Info(model_.Info_Track());
-    subtitles_->Show_Subtitle(model_.Subtitle_Panel_Track());
+    audio_->Show_Track_Info(window_state_.Info_Track());
+    subtitles_->Show_Subtitle(window_state_.Subtitle_Panel_Track());
 }
 
 void Frm_PlayList::Select_Playlist_Entry(int index)
 {
-    model_.Select_Track(index + 1);
+    window_state_.Select_Track(index + 1);
     // The current track may have changed with it: its entry is drawn lit.
     tracks_->Lst_Playlist->viewport()->update();
 }
@@ -327,7 +337,7 @@ void Frm_PlayList::Add_Video(int16_t mode)
 void Frm_PlayList::Remove_Selected_Track()
 {
     if (!batch_->Is_Busy())
-        model_.Remove_Track(model_.Selected_Track());
+        model_.Remove_Track(window_state_.Selected_Track());
 }
 
 void Frm_PlayList::Open_Playlist()
@@ -359,7 +369,7 @@ void Frm_PlayList::Save_Playlist_File()
 
 void Frm_PlayList::Add_Associated_Audio()
 {
-    const int track = model_.Selected_Track();
+    const int track = window_state_.Selected_Track();
     if (track == 0 || batch_->Is_Busy())
         return;
     batch_->Associate_Audio(track, Ask_Open(filters_.Filter_Audio, Open_Several_Files));
@@ -368,12 +378,13 @@ void Frm_PlayList::Add_Associated_Audio()
 void Frm_PlayList::Remove_Associated_Audio()
 {
     if (!batch_->Is_Busy())
-        model_.Remove_Associated_Audio();
+        model_.Remove_Associated_Audio(window_state_.Info_Track(), window_state_.Selected_Audio_Entry());
 }
 
 void Frm_PlayList::Choose_Subtitle_File()
 {
-    if (model_.Selected_Track() == 0 || batch_->Is_Busy())
+    const int track = window_state_.Selected_Track();
+    if (track == 0 || batch_->Is_Busy())
         return;
     const QStringList files = Ask_Open(filters_.Filter_Subtitles, Open_One_File);
     if (files.isEmpty())
@@ -381,7 +392,7 @@ void Frm_PlayList::Choose_Subtitle_File()
     QString file_title = Up_To_Nul(dialog_.FileTitle());
     if (file_title.isEmpty())
         file_title = QFileInfo(files.first()).fileName();
-    model_.Associate_Subtitle(files.first(), file_title);
+    model_.Associate_Subtitle(track, files.first(), file_title);
 }
 
 void Frm_PlayList::Show_Tab(int tab)
@@ -403,9 +414,9 @@ void Frm_PlayList::Show_Tab(int tab)
 void Frm_PlayList::Refresh_Usable()
 {
     const bool idle = !batch_->Is_Busy();
-    const bool has_tracks = model_.Track_Controls_Usable() && model_.Track_Count() > 0;
-    const bool selected = model_.Selected_Track() != 0;
-    const bool audio_chosen = model_.Audio_Selection()->currentIndex().isValid();
+    const bool has_tracks = window_state_.Track_Controls_Usable() && model_.Track_Count() > 0;
+    const bool selected = window_state_.Selected_Track() != 0;
+    const bool audio_chosen = window_state_.Selected_Audio_Entry() != 0;
     Set_Usable(tracks_->Btn_Ajouter, idle);
     Set_Usable(tracks_->Btn_Ouvrir, idle);
     Set_Usable(tracks_->Btn_Retirer, idle && selected);

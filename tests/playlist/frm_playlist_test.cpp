@@ -103,7 +103,7 @@ TEST_F(Frm_PlayList_Test, AddAndRemoveButtonsKeepTheListInStep)
                   + tracks.Lbl_Val_Duree_Totale->text(),
               "00:01:00 320x240 00:02:00")
         << "the details show the entry now selected";
-    bench.model.Select_Track(0);
+    window.Window_State().Select_Track(0);
     EXPECT_FALSE(tracks.Btn_Retirer.picture->isEnabled());
 }
 
@@ -184,7 +184,7 @@ TEST_F(Frm_PlayList_Test, KeysGoToThePlayerAndDoubleClickPlays)
     QTest::keyClick(&window, Qt::Key_F);
     QTest::keyClick(&window, Qt::Key_F5);
     EXPECT_EQ(keys, (QList<int>{'B', '5', ' ', 'f', 0})) << "the arrows stay with the list";
-    EXPECT_EQ(bench.model.Selected_Track(), 2);
+    EXPECT_EQ(window.Window_State().Selected_Track(), 2);
     const QPoint second = list.visualRect(list.model()->index(1, 0)).center();
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, second);
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, second);
@@ -195,7 +195,7 @@ TEST_F(Frm_PlayList_Test, AudioAndSubtitleTabsActOnTheSelectedTrack)
 {
     Click(tracks.Btn_Ajouter.picture, {}, Films({"a.avi", "b.avi"}));
     bench.state.Current_Track = 1;
-    bench.model.Select_Track(2);
+    window.Window_State().Select_Track(2);
     window.Show_Tab(Frm_PlayList::Tab_Audio);
     const Playlist_Panel_Audio& audio = *window.Pic_Audio();
     EXPECT_TRUE(audio.isVisibleTo(&window) && !tracks.isVisibleTo(&window));
