@@ -11,6 +11,7 @@
 #include "playlist/playlist_window_batch.h"
 #include "playlist/playlist_window_layout.h"
 #include "playlist/playlist_window_progress.h"
+#include "playlist/playlist_window_texts.h"
 #include "ui/cdlg_ex.h"
 #include "ui/picture_button.h"
 #include "ui/skin_label.h"
@@ -38,26 +39,6 @@ constexpr int32_t Open_Several_Files = 0x280200;
 constexpr const char* Tab_Pictures[3] = {"tab_playlist", "tab_audio", "tab_subtitles"};
 constexpr const char* Tab_Names[3] = {"Img_Onglet_Playlist", "Img_Onglet_Audio", "Img_Onglet_ST"};
 constexpr const char* Tab_Caption_Names[3] = {"Lbl_Onglet_Playlist", "Lbl_Onglet_Audio", "Lbl_Onglet_ST"};
-
-// Texts of this window beyond its fixed caption list.
-enum Window_Text : int16_t {
-    Text_Subtitle_Title = 314,
-    Text_Adding_Files = 320,
-    Text_Reading_Playlist = 321,
-    Text_Cancel = 322,
-    Text_Apply_Delay = 323,
-    Text_No_Subtitle = 324,
-    Text_Close = 325,
-    Text_Delay_Up = 326,
-    Text_Delay_Down = 327,
-    Text_Add_Tip = 328,
-    Text_Remove_Tip = 329,
-    Text_Add_Audio_Tip = 330,
-    Text_Remove_Audio_Tip = 331,
-    Text_Track = 332,
-    Text_List_Tip = 333,
-    Text_No_Track = 334,
-};
 
 bool Is_List_Navigation(int key)
 {
@@ -223,8 +204,12 @@ void Frm_PlayList::Connect_Model()
 
 const std::array<int16_t, 17>& Frm_PlayList::Caption_Numbers()
 {
-    static const std::array<int16_t, 17> numbers{301, 302, 303, 304, 305, 306, 307, 308, 309,
-                                                 310, 311, 312, 313, 316, 315, 318, 319};
+    static const std::array<int16_t, 17> numbers{
+        Text_Tab_Playlist, Text_Tab_Audio,    Text_Tab_Subtitles, Text_Add,
+        Text_Remove,       Text_Open,         Text_Save,          Text_Duration,
+        Text_Picture_Size, Text_Kind,         Text_Streams,       Text_Total_Duration,
+        Text_Associated_Audio, Text_Subtitle_File, Text_Delay,    Text_Subtitle_Info_1,
+        Text_Subtitle_Info_2};
     return numbers;
 }
 
@@ -244,10 +229,10 @@ void Frm_PlayList::Apply_Texts(const Text_Table& texts)
         captions[k]->setText(texts.Get_Text(Caption_Numbers()[k]));
 
     // The same words where the other tabs need them.
-    audio_->Btn_Ajouter_Audio.caption->setText(texts.Get_Text(304));
-    audio_->Btn_Retirer_Audio.caption->setText(texts.Get_Text(305));
-    audio_->Lbl_Duree_Audio->setText(texts.Get_Text(308));
-    audio_->Lbl_Type_Audio->setText(texts.Get_Text(310));
+    audio_->Btn_Ajouter_Audio.caption->setText(texts.Get_Text(Text_Add));
+    audio_->Btn_Retirer_Audio.caption->setText(texts.Get_Text(Text_Remove));
+    audio_->Lbl_Duree_Audio->setText(texts.Get_Text(Text_Duration));
+    audio_->Lbl_Type_Audio->setText(texts.Get_Text(Text_Kind));
     subtitles_->Lbl_Titre_ST->setText(texts.Get_Text(Text_Subtitle_Title));
     subtitles_->Lbl_Option->setText(texts.Get_Text(Text_Apply_Delay));
     audio_->Lbl_Piste->setText(texts.Get_Text(Text_Track));
@@ -262,22 +247,22 @@ void Frm_PlayList::Apply_Texts(const Text_Table& texts)
     close_->setToolTip(texts.Get_Text(Text_Close));
     tracks_->Btn_Ajouter.picture->setToolTip(texts.Get_Text(Text_Add_Tip));
     tracks_->Btn_Retirer.picture->setToolTip(texts.Get_Text(Text_Remove_Tip));
-    tracks_->Btn_Ouvrir.picture->setToolTip(texts.Get_Text(306));
-    tracks_->Btn_Sauver.picture->setToolTip(texts.Get_Text(307));
+    tracks_->Btn_Ouvrir.picture->setToolTip(texts.Get_Text(Text_Open));
+    tracks_->Btn_Sauver.picture->setToolTip(texts.Get_Text(Text_Save));
     audio_->Btn_Ajouter_Audio.picture->setToolTip(texts.Get_Text(Text_Add_Audio_Tip));
     audio_->Btn_Retirer_Audio.picture->setToolTip(texts.Get_Text(Text_Remove_Audio_Tip));
-    subtitles_->Btn_ST.picture->setToolTip(texts.Get_Text(316));
+    subtitles_->Btn_ST.picture->setToolTip(texts.Get_Text(Text_Subtitle_File));
     subtitles_->Lbl_Var_Delai[0]->setToolTip(texts.Get_Text(Text_Delay_Up));
     subtitles_->Lbl_Var_Delai[1]->setToolTip(texts.Get_Text(Text_Delay_Down));
     tracks_->Lst_Playlist->setToolTip(texts.Get_Text(Text_List_Tip));
 
     // The names assistive technologies read for the window and its parts
     // that have no caption of their own.
-    setWindowTitle(texts.Get_Text(301));
+    setWindowTitle(texts.Get_Text(Text_Tab_Playlist));
     for (std::size_t i = 0; i < tabs_.size(); ++i)
         tabs_[i]->setAccessibleName(tab_captions_[i]->text());
-    tracks_->Lst_Playlist->setAccessibleName(texts.Get_Text(301));
-    audio_->Lst_Audio_Asso->setAccessibleName(texts.Get_Text(313));
+    tracks_->Lst_Playlist->setAccessibleName(texts.Get_Text(Text_Tab_Playlist));
+    audio_->Lst_Audio_Asso->setAccessibleName(texts.Get_Text(Text_Associated_Audio));
     subtitles_->Img_Option->setAccessibleName(texts.Get_Text(Text_Apply_Delay));
 
     // Texts shown for "nothing" follow the language too.
@@ -309,16 +294,21 @@ void Frm_PlayList::Click_Add_Video()
     Add_Video(0);
 }
 
-QStringList Frm_PlayList::Ask_Open(const QString& filter, int32_t flags)
+void Frm_PlayList::Prepare_Dialog(const QString& filter, const QString& default_ext, int32_t flags)
 {
     dialog_.Set_CancelError(false);
     dialog_.Set_hOwner(this);
     dialog_.Set_DialogTitle(QString());
-    dialog_.Set_DefaultExt(QString());
+    dialog_.Set_DefaultExt(default_ext);
     dialog_.Set_InitDir(QString());
     dialog_.Set_Filter(filter);
     dialog_.Set_FilterIndex(1);
     dialog_.Set_flags(flags);
+}
+
+QStringList Frm_PlayList::Ask_Open(const QString& filter, int32_t flags)
+{
+    Prepare_Dialog(filter, QString(), flags);
     dialog_.ShowOpen();
     if (dialog_.CancelError())
         return {};
@@ -353,14 +343,7 @@ void Frm_PlayList::Save_Playlist_File()
 {
     if (batch_->Is_Busy())
         return;
-    dialog_.Set_CancelError(false);
-    dialog_.Set_hOwner(this);
-    dialog_.Set_DialogTitle(QString());
-    dialog_.Set_InitDir(QString());
-    dialog_.Set_Filter(filters_.Filter_Own_Playlist);
-    dialog_.Set_FilterIndex(1);
-    dialog_.Set_DefaultExt(QStringLiteral("orx"));
-    dialog_.Set_flags(Open_One_File | CdlgEx::Overwrite_Prompt);
+    Prepare_Dialog(filters_.Filter_Own_Playlist, QStringLiteral("orx"), Open_One_File | CdlgEx::Overwrite_Prompt);
     dialog_.ShowSave();
     if (dialog_.CancelError() || dialog_.FileName().isEmpty())
         return;

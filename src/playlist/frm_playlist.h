@@ -93,7 +93,10 @@ private:
     void Connect_Model();
     void Refresh_Usable();
     void Show_Busy(bool busy);
-    // The dialog's first chosen file, empty when cancelled.
+    // The shared dialog owned by this window, with its filter, default
+    // extension and flags; cancelling leaves its file name empty.
+    void Prepare_Dialog(const QString& filter, const QString& default_ext, int32_t flags);
+    // The files chosen in the open dialog, none when cancelled.
     QStringList Ask_Open(const QString& filter, int32_t flags);
 
     Playlist_Model& model_;
