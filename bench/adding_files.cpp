@@ -10,6 +10,7 @@
 #include "playlist/playback_state.h"
 #include "playlist/player_hooks.h"
 #include "playlist/playlist_model.h"
+#include "playlist/playlist_prompts.h"
 #include "playlist/playlist_window_batch.h"
 #include "subtitles/subtitle_table.h"
 #include "ui/message_box.h"
@@ -105,8 +106,9 @@ Figures Load(const QString& playlist)
     No_Player_Hooks hooks;
     Subtitle_Table subtitles;
     Text_Table texts;
+    Message_Box_Prompts prompts(texts);
     Settings settings;
-    Playlist_Model model(*analyser, state, hooks, subtitles, texts, [](const QString&) { return false; });
+    Playlist_Model model(*analyser, state, hooks, subtitles, prompts, [](const QString&) { return false; });
     Playlist_Window_Batch batch(model);
     batch.Use_Analyser(analyser);
 

@@ -87,8 +87,8 @@ void File_Drop::Drop(QObject* window, const QStringList& files)
             break;
         case Dropped_Kind::Subtitle:
             // As the subtitle button would take it: only with a track selected.
-            if (program_.Model().Selected_Track() != 0)
-                program_.Model().Associate_Subtitle(file, QFileInfo(file).fileName());
+            if (const int track = playlist_window.Window_State().Selected_Track(); track != 0)
+                program_.Model().Associate_Subtitle(track, file, QFileInfo(file).fileName());
             break;
         case Dropped_Kind::Media:
             media << file;
@@ -106,7 +106,7 @@ void File_Drop::Drop_On_Playlist(const QStringList& playlists, const QStringList
     Frm_PlayList& window = program_.Playlist_Window();
     if (window.Current_Tab() == Frm_PlayList::Tab_Audio) {
         // The add-audio button's operation, which refuses files with a picture.
-        const int track = program_.Model().Selected_Track();
+        const int track = window.Window_State().Selected_Track();
         if (track == 0)
             return;
         for (const QString& path : media)

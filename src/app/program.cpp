@@ -61,7 +61,7 @@ Program::Program(const Program_Files& files, Dialog_Provider* dialogs)
     display_control_ = std::make_unique<Layout_Display_Control>(*display_layout_);
 
     model_ = std::make_unique<Playlist_Model>(
-        *analyser_, state_, hooks_relay_, subtitle_table_, texts_,
+        *analyser_, state_, hooks_relay_, subtitle_table_, playlist_prompts_,
         [this](const QString& path) {
             return Load_Subtitles(path, settings_, texts_, Screen_Width(), subtitle_table_);
         });

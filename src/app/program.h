@@ -9,6 +9,7 @@
 #include "media/gst_media_analyser.h"
 #include "media/gst_media_graph.h"
 #include "playlist/playback_state.h"
+#include "playlist/playlist_prompts.h"
 #include "subtitles/subtitle_table.h"
 #include "ui/cdlg_ex.h"
 #include "ui/dialog_qt_provider.h"
@@ -100,6 +101,7 @@ private:
     Qt_Dialog_Provider qt_dialogs_;
     CdlgEx dialog_;
     Player_Hooks_Relay hooks_relay_;
+    Message_Box_Prompts playlist_prompts_{texts_};
 
     std::unique_ptr<Frm_Player> player_window_;
     std::unique_ptr<Frm_display> display_window_;

@@ -25,13 +25,13 @@ void Audio_Menus::Build_Audio_Menus()
     Player_View& view = context_.view;
     const int streams = track->Audio_Streams;
     const int associated = track->Associated_Count;
-    const int choice = context_.state.Audio_Choice;
+    const Audio_Choice choice = context_.state.Audio_Choice;
     if (streams > 0) {
         view.Set_Stream_Entry_Count(streams);
         for (int k = 1; k <= streams; ++k)
             view.Set_Stream_Entry(k, Stream_Caption(k), true);
-        if (choice >= 1 && choice <= streams)
-            view.Set_Stream_Checked(choice, true);
+        if (choice.Is_Stream(streams))
+            view.Set_Stream_Checked(choice.Stream_Number(), true);
     }
     if (associated >= 1) {
         view.Set_Associated_Entry_Count(associated);
@@ -41,8 +41,8 @@ void Audio_Menus::Build_Audio_Menus()
         }
         if (streams > 0)
             view.Set_Separation_Visible(true);
-        if (choice > streams && choice - streams <= associated)
-            view.Set_Associated_Checked(choice - streams, true);
+        if (choice.Is_Associated(streams) && choice.Associated_Number(streams) <= associated)
+            view.Set_Associated_Checked(choice.Associated_Number(streams), true);
     }
 }
 
@@ -80,33 +80,51 @@ bool Audio_Menus::Leave_Associated_Audio(const Track_Record& track)
     return true;
 }
 
+bool Audio_Menus::Leave_Current_Choice(const Track_Record& track, Next_Source next)
+{
+    Media_Graph& graph = context_.graph;
+    Player_View& view = context_.view;
+    const Audio_Choice current = context_.state.Audio_Choice;
+    const int streams = track.Audio_Streams;
+    if (!current.Is_Associated(streams)) {
+        // None chosen yet means none was connected alone: nothing to take
+        // away, and stream 0 of a video file is its picture. From stream to
+        // stream the stopped graph is connected again and runs on from where
+        // it stopped: no position to carry.
+        if (current.Is_Stream(streams))
+            view.Set_Stream_Checked(current.Stream_Number(), false);
+        if (next == Next_Source::Associated)
+            graph.Save_Position();
+        if (current.Is_Stream(streams))
+            graph.Disconnect_Audio_Stream(current.Stream_Number());
+        return true;
+    }
+    view.Set_Associated_Checked(current.Associated_Number(streams), false);
+    graph.Save_Position();
+    if (!Leave_Associated_Audio(track))
+        return false;
+    if (next == Next_Source::Stream || streams != 0) {
+        graph.Record_Audio_Pins(track.Has_Video, streams);
+        graph.Disconnect_Audio_Streams(track.Has_Video, streams);
+    }
+    return true;
+}
+
 void Audio_Menus::Choose_Stream(int k)
 {
     const Track_Record* track = Current_Track_Record(context_);
     Playback_State& state = context_.state;
-    if (!track || !context_.graph.Is_Open() || k == state.Audio_Choice)
+    const Audio_Choice chosen = Audio_Choice::Stream(k);
+    if (!track || !context_.graph.Is_Open() || chosen == state.Audio_Choice)
         return;
     Media_Graph& graph = context_.graph;
-    Player_View& view = context_.view;
-    const int streams = track->Audio_Streams;
-    view.Set_Stream_Checked(k, true);
-    if (state.Audio_Choice <= streams) {
-        // The stopped graph is connected again and runs on from where it
-        // stopped: no position to carry.
-        if (state.Audio_Choice >= 1) {
-            view.Set_Stream_Checked(state.Audio_Choice, false);
-            graph.Disconnect_Audio_Stream(state.Audio_Choice);
-        }
-    } else {
-        view.Set_Associated_Checked(state.Audio_Choice - streams, false);
-        graph.Save_Position();
-        if (!Leave_Associated_Audio(*track))
-            return;
-        graph.Record_Audio_Pins(track->Has_Video, streams);
-        graph.Disconnect_Audio_Streams(track->Has_Video, streams);
+    context_.view.Set_Stream_Checked(k, true);
+    const bool rebuilt = state.Audio_Choice.Is_Associated(track->Audio_Streams);
+    if (!Leave_Current_Choice(*track, Next_Source::Stream))
+        return;
+    if (rebuilt)
         graph.Restore_Position();
-    }
-    state.Audio_Choice = int16_t(k);
+    state.Audio_Choice = chosen;
     graph.Connect_Audio_Stream(k);
     session_.Display().Refresh_Display();
     session_.Play();
@@ -116,34 +134,17 @@ void Audio_Menus::Choose_Associated(int j)
 {
     const Track_Record* track = Current_Track_Record(context_);
     Playback_State& state = context_.state;
-    const int streams = track ? int(track->Audio_Streams) : 0;
-    if (!track || !context_.graph.Is_Open() || streams + j == state.Audio_Choice)
+    if (!track || !context_.graph.Is_Open())
         return;
+    const Audio_Choice chosen = Audio_Choice::Associated(j, track->Audio_Streams);
     const Associated_Audio_Entry* entry = Associated_Entry(*track, j);
-    if (!entry)
+    if (chosen == state.Audio_Choice || !entry)
         return;
     Media_Graph& graph = context_.graph;
-    Player_View& view = context_.view;
-    view.Set_Associated_Checked(j, true);
-    if (state.Audio_Choice <= streams) {
-        // No stream chosen yet (0) means none was connected alone: nothing
-        // to take away, and stream 0 of a video file is its picture.
-        if (state.Audio_Choice >= 1)
-            view.Set_Stream_Checked(state.Audio_Choice, false);
-        graph.Save_Position();
-        if (state.Audio_Choice >= 1)
-            graph.Disconnect_Audio_Stream(state.Audio_Choice);
-    } else {
-        view.Set_Associated_Checked(state.Audio_Choice - streams, false);
-        graph.Save_Position();
-        if (!Leave_Associated_Audio(*track))
-            return;
-        if (streams != 0) {
-            graph.Record_Audio_Pins(track->Has_Video, streams);
-            graph.Disconnect_Audio_Streams(track->Has_Video, streams);
-        }
-    }
-    state.Audio_Choice = int16_t(streams + j);
+    context_.view.Set_Associated_Checked(j, true);
+    if (!Leave_Current_Choice(*track, Next_Source::Associated))
+        return;
+    state.Audio_Choice = chosen;
     if (!graph.Render_Associated_Audio(entry->Path))
         Message_Box(graph.Last_Error());
     session_.Display().Refresh_Display();

@@ -8,8 +8,8 @@ class Playback_Session;
 
 // The popup menu of audio choices (Mnu_Num_Stream, Mnu_Separation,
 // Mnu_Audio_Secondaire) and the switch of the audio heard when an entry is
-// chosen. Exactly one source is heard: a stream k of the file (Audio_Choice
-// = k, 1..n) or associated audio file j (Audio_Choice = n + j).
+// chosen. Exactly one source is heard: a stream of the file or an
+// associated audio file (see Audio_Choice).
 class Audio_Menus {
 public:
     Audio_Menus(Player_Context& context, Playback_Session& session)
@@ -28,6 +28,11 @@ public:
     void Choose_Associated(int j);
 
 private:
+    enum class Next_Source { Stream, Associated };
+    // Takes away the source heard now and unchecks its entry. The position
+    // is saved whenever the graph is rebuilt or an associated file comes
+    // next; false when the rebuild failed (the player has no media then).
+    bool Leave_Current_Choice(const Track_Record& track, Next_Source next);
     // Takes the associated file away (in place, or by opening the file again).
     bool Leave_Associated_Audio(const Track_Record& track);
 

@@ -154,24 +154,16 @@ void Playback_Session::Prepare_Audio(const Track_Record& track)
     if (Has_Switchable_Streams(track)) {
         graph.Record_Audio_Pins(track.Has_Video, streams);
         graph.Disconnect_Audio_Streams(track.Has_Video, streams);
-        // The choice survives from track to track. Its bound is twice the
-        // stream count, not streams + associated files: a choice up to 2n is
-        // kept even where it names no file of this track. Kept as it stands.
-        if (state.Audio_Choice != 0) {
-            if (state.Audio_Choice > 2 * streams)
-                state.Audio_Choice = 1;
-        } else {
-            state.Audio_Choice = 1;
-        }
+        state.Audio_Choice = state.Audio_Choice.Kept_For(streams);
         // A choice above n names an associated file, rendered below; there
         // is no stream of that number to connect.
-        if (state.Audio_Choice <= streams)
-            graph.Connect_Audio_Stream(state.Audio_Choice);
+        if (state.Audio_Choice.Is_Stream(streams))
+            graph.Connect_Audio_Stream(state.Audio_Choice.Stream_Number());
     } else if (track.Associated_Count >= 1) {
-        state.Audio_Choice = 1;
+        state.Audio_Choice = Audio_Choice::First();
     }
-    if (state.Audio_Choice > streams && track.Associated_Count >= 1) {
-        const Associated_Audio_Entry* entry = Associated_Entry(track, state.Audio_Choice - streams);
+    if (state.Audio_Choice.Is_Associated(streams) && track.Associated_Count >= 1) {
+        const Associated_Audio_Entry* entry = Associated_Entry(track, state.Audio_Choice.Associated_Number(streams));
         if (entry && !graph.Render_Associated_Audio(entry->Path))
             Message_Box(graph.Last_Error());
     }

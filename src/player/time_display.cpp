@@ -151,12 +151,12 @@ void Time_Display::Refresh_Audio_Status(const Track_Record* track)
         return;
     }
     view.Set_Audio_Lamp_Visible(true);
-    const int choice = context_.state.Audio_Choice;
+    const Audio_Choice choice = context_.state.Audio_Choice;
     const int streams = track->Audio_Streams;
-    if (choice <= streams) {
-        view.Set_Audio_Text(context_.texts.Get_Text(Text_Audio_Prefix) + QString::number(choice));
+    if (!choice.Is_Associated(streams)) {
+        view.Set_Audio_Text(context_.texts.Get_Text(Text_Audio_Prefix) + QString::number(choice.Number()));
     } else {
-        const Associated_Audio_Entry* entry = Associated_Entry(*track, choice - streams);
+        const Associated_Audio_Entry* entry = Associated_Entry(*track, choice.Associated_Number(streams));
         view.Set_Audio_Text(entry ? entry->Name : QString());
     }
 }

@@ -11,6 +11,7 @@
 #include "playlist/playlist_window_batch.h"
 #include "playlist/playlist_window_layout.h"
 #include "playlist/playlist_window_progress.h"
+#include "playlist/playlist_window_texts.h"
 #include "ui/cdlg_ex.h"
 #include "ui/picture_button.h"
 #include "ui/skin_label.h"
@@ -39,26 +40,6 @@ constexpr const char* Tab_Pictures[3] = {"tab_playlist", "tab_audio", "tab_subti
 constexpr const char* Tab_Names[3] = {"Img_Onglet_Playlist", "Img_Onglet_Audio", "Img_Onglet_ST"};
 constexpr const char* Tab_Caption_Names[3] = {"Lbl_Onglet_Playlist", "Lbl_Onglet_Audio", "Lbl_Onglet_ST"};
 
-// Texts of this window beyond its fixed caption list.
-enum Window_Text : int16_t {
-    Text_Subtitle_Title = 314,
-    Text_Adding_Files = 320,
-    Text_Reading_Playlist = 321,
-    Text_Cancel = 322,
-    Text_Apply_Delay = 323,
-    Text_No_Subtitle = 324,
-    Text_Close = 325,
-    Text_Delay_Up = 326,
-    Text_Delay_Down = 327,
-    Text_Add_Tip = 328,
-    Text_Remove_Tip = 329,
-    Text_Add_Audio_Tip = 330,
-    Text_Remove_Audio_Tip = 331,
-    Text_Track = 332,
-    Text_List_Tip = 333,
-    Text_No_Track = 334,
-};
-
 bool Is_List_Navigation(int key)
 {
     return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp || key == Qt::Key_PageDown
@@ -86,6 +67,7 @@ Frm_PlayList::Frm_PlayList(Playlist_Model& model, Playback_State& state, CdlgEx&
                            const Text_Table& texts, QWidget* parent)
     : QWidget(parent, Qt::Window | Qt::FramelessWindowHint),
       model_(model),
+      window_state_(model),
       state_(state),
       dialog_(dialog),
       settings_(settings),
@@ -98,8 +80,8 @@ Frm_PlayList::Frm_PlayList(Playlist_Model& model, Playback_State& state, CdlgEx&
     close_ = Make_Picture_Button(this, QStringLiteral("button_close"), QStringLiteral("Img_Fermer"),
                                  Layout::Close_Button);
     Build_Tabs();
-    tracks_ = new Playlist_Panel_Tracks(model, state, this);
-    audio_ = new Playlist_Panel_Audio(model, this);
+    tracks_ = new Playlist_Panel_Tracks(model, window_state_, state, this);
+    audio_ = new Playlist_Panel_Audio(model, window_state_, this);
     subtitles_ = new Playlist_Panel_Subtitles(model, this);
     for (QWidget* panel : {static_cast<QWidget*>(tracks_), static_cast<QWidget*>(audio_),
                            static_cast<QWidget*>(subtitles_)})
@@ -121,7 +103,14 @@ Frm_PlayList::Frm_PlayList(Playlist_Model& model, Playback_State& state, CdlgEx&
     Shape_Window(this, Corner);
 }
 
-Frm_PlayList::~Frm_PlayList() = default;
+Frm_PlayList::~Frm_PlayList()
+{
+    // The panels' lists show the window state's models, which go with the
+    // members, before the children would.
+    delete tracks_;
+    delete audio_;
+    delete subtitles_;
+}
 
 void Frm_PlayList::Build_Tabs()
 {
@@ -171,9 +160,10 @@ void Frm_PlayList::Connect_Buttons()
                 });
     connect(subtitles_->Img_Option, &Picture_Button::Clicked, this, [this](Qt::MouseButton button) {
         if (button == Qt::LeftButton)
-            model_.Toggle_Subtitle_Flag();
+            model_.Toggle_Subtitle_Flag(window_state_.Subtitle_Panel_Track());
     });
-    connect(subtitles_->Lbl_Option, &Skin_Label::Clicked, this, [this] { model_.Toggle_Subtitle_Flag(); });
+    connect(subtitles_->Lbl_Option, &Skin_Label::Clicked, this,
+            [this] { model_.Toggle_Subtitle_Flag(window_state_.Subtitle_Panel_Track()); });
 
     connect(tracks_->Lst_Playlist, &QListView::doubleClicked, this, [this](const QModelIndex& index) {
         if (index.isValid() && play_track_)
@@ -184,16 +174,17 @@ void Frm_PlayList::Connect_Buttons()
 
 void Frm_PlayList::Connect_Model()
 {
-    connect(&model_, &Playlist_Model::Track_Info_Changed, this, [this](int track) {
+    Playlist_Window_State* shown = &window_state_;
+    connect(shown, &Playlist_Window_State::Track_Info_Changed, this, [this](int track) {
         tracks_->Show_Track_Info(track);
         audio_->Show_Track_Info(track);
         Refresh_Usable();
     });
-    connect(&model_, &Playlist_Model::Subtitle_Panel_Changed, subtitles_, &Playlist_Panel_Subtitles::Show_Subtitle);
-    connect(&model_, &Playlist_Model::Playlist_Duration_Changed, tracks_, &Playlist_Panel_Tracks::Show_Total);
-    connect(&model_, &Playlist_Model::Track_Controls_Usable_Changed, this, [this] { Refresh_Usable(); });
-    connect(model_.Audio_Selection(), &QItemSelectionModel::currentChanged, this, [this] { Refresh_Usable(); });
-    connect(model_.Playlist_Selection(), &QItemSelectionModel::currentChanged, this,
+    connect(shown, &Playlist_Window_State::Subtitle_Panel_Changed, subtitles_, &Playlist_Panel_Subtitles::Show_Subtitle);
+    connect(shown, &Playlist_Window_State::Playlist_Duration_Changed, tracks_, &Playlist_Panel_Tracks::Show_Total);
+    connect(shown, &Playlist_Window_State::Track_Controls_Usable_Changed, this, [this] { Refresh_Usable(); });
+    connect(shown->Audio_Selection(), &QItemSelectionModel::currentChanged, this, [this] { Refresh_Usable(); });
+    connect(shown->Playlist_Selection(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& current) {
                 if (current.isValid())
                     tracks_->Lst_Playlist->scrollTo(current);
@@ -213,8 +204,12 @@ void Frm_PlayList::Connect_Model()
 
 const std::array<int16_t, 17>& Frm_PlayList::Caption_Numbers()
 {
-    static const std::array<int16_t, 17> numbers{301, 302, 303, 304, 305, 306, 307, 308, 309,
-                                                 310, 311, 312, 313, 316, 315, 318, 319};
+    static const std::array<int16_t, 17> numbers{
+        Text_Tab_Playlist, Text_Tab_Audio,    Text_Tab_Subtitles, Text_Add,
+        Text_Remove,       Text_Open,         Text_Save,          Text_Duration,
+        Text_Picture_Size, Text_Kind,         Text_Streams,       Text_Total_Duration,
+        Text_Associated_Audio, Text_Subtitle_File, Text_Delay,    Text_Subtitle_Info_1,
+        Text_Subtitle_Info_2};
     return numbers;
 }
 
@@ -234,10 +229,10 @@ void Frm_PlayList::Apply_Texts(const Text_Table& texts)
         captions[k]->setText(texts.Get_Text(Caption_Numbers()[k]));
 
     // The same words where the other tabs need them.
-    audio_->Btn_Ajouter_Audio.caption->setText(texts.Get_Text(304));
-    audio_->Btn_Retirer_Audio.caption->setText(texts.Get_Text(305));
-    audio_->Lbl_Duree_Audio->setText(texts.Get_Text(308));
-    audio_->Lbl_Type_Audio->setText(texts.Get_Text(310));
+    audio_->Btn_Ajouter_Audio.caption->setText(texts.Get_Text(Text_Add));
+    audio_->Btn_Retirer_Audio.caption->setText(texts.Get_Text(Text_Remove));
+    audio_->Lbl_Duree_Audio->setText(texts.Get_Text(Text_Duration));
+    audio_->Lbl_Type_Audio->setText(texts.Get_Text(Text_Kind));
     subtitles_->Lbl_Titre_ST->setText(texts.Get_Text(Text_Subtitle_Title));
     subtitles_->Lbl_Option->setText(texts.Get_Text(Text_Apply_Delay));
     audio_->Lbl_Piste->setText(texts.Get_Text(Text_Track));
@@ -252,32 +247,32 @@ void Frm_PlayList::Apply_Texts(const Text_Table& texts)
     close_->setToolTip(texts.Get_Text(Text_Close));
     tracks_->Btn_Ajouter.picture->setToolTip(texts.Get_Text(Text_Add_Tip));
     tracks_->Btn_Retirer.picture->setToolTip(texts.Get_Text(Text_Remove_Tip));
-    tracks_->Btn_Ouvrir.picture->setToolTip(texts.Get_Text(306));
-    tracks_->Btn_Sauver.picture->setToolTip(texts.Get_Text(307));
+    tracks_->Btn_Ouvrir.picture->setToolTip(texts.Get_Text(Text_Open));
+    tracks_->Btn_Sauver.picture->setToolTip(texts.Get_Text(Text_Save));
     audio_->Btn_Ajouter_Audio.picture->setToolTip(texts.Get_Text(Text_Add_Audio_Tip));
     audio_->Btn_Retirer_Audio.picture->setToolTip(texts.Get_Text(Text_Remove_Audio_Tip));
-    subtitles_->Btn_ST.picture->setToolTip(texts.Get_Text(316));
+    subtitles_->Btn_ST.picture->setToolTip(texts.Get_Text(Text_Subtitle_File));
     subtitles_->Lbl_Var_Delai[0]->setToolTip(texts.Get_Text(Text_Delay_Up));
     subtitles_->Lbl_Var_Delai[1]->setToolTip(texts.Get_Text(Text_Delay_Down));
     tracks_->Lst_Playlist->setToolTip(texts.Get_Text(Text_List_Tip));
 
     // The names assistive technologies read for the window and its parts
     // that have no caption of their own.
-    setWindowTitle(texts.Get_Text(301));
+    setWindowTitle(texts.Get_Text(Text_Tab_Playlist));
     for (std::size_t i = 0; i < tabs_.size(); ++i)
         tabs_[i]->setAccessibleName(tab_captions_[i]->text());
-    tracks_->Lst_Playlist->setAccessibleName(texts.Get_Text(301));
-    audio_->Lst_Audio_Asso->setAccessibleName(texts.Get_Text(313));
+    tracks_->Lst_Playlist->setAccessibleName(texts.Get_Text(Text_Tab_Playlist));
+    audio_->Lst_Audio_Asso->setAccessibleName(texts.Get_Text(Text_Associated_Audio));
     subtitles_->Img_Option->setAccessibleName(texts.Get_Text(Text_Apply_Delay));
 
     // Texts shown for "nothing" follow the language too.
-    audio_->Show_Track_Info(model_.Info_Track());
-    subtitles_->Show_Subtitle(model_.Subtitle_Panel_Track());
+    audio_->Show_Track_Info(window_state_.Info_Track());
+    subtitles_->Show_Subtitle(window_state_.Subtitle_Panel_Track());
 }
 
 void Frm_PlayList::Select_Playlist_Entry(int index)
 {
-    model_.Select_Track(index + 1);
+    window_state_.Select_Track(index + 1);
     // The current track may have changed with it: its entry is drawn lit.
     tracks_->Lst_Playlist->viewport()->update();
 }
@@ -299,16 +294,21 @@ void Frm_PlayList::Click_Add_Video()
     Add_Video(0);
 }
 
-QStringList Frm_PlayList::Ask_Open(const QString& filter, int32_t flags)
+void Frm_PlayList::Prepare_Dialog(const QString& filter, const QString& default_ext, int32_t flags)
 {
     dialog_.Set_CancelError(false);
     dialog_.Set_hOwner(this);
     dialog_.Set_DialogTitle(QString());
-    dialog_.Set_DefaultExt(QString());
+    dialog_.Set_DefaultExt(default_ext);
     dialog_.Set_InitDir(QString());
     dialog_.Set_Filter(filter);
     dialog_.Set_FilterIndex(1);
     dialog_.Set_flags(flags);
+}
+
+QStringList Frm_PlayList::Ask_Open(const QString& filter, int32_t flags)
+{
+    Prepare_Dialog(filter, QString(), flags);
     dialog_.ShowOpen();
     if (dialog_.CancelError())
         return {};
@@ -327,7 +327,7 @@ void Frm_PlayList::Add_Video(int16_t mode)
 void Frm_PlayList::Remove_Selected_Track()
 {
     if (!batch_->Is_Busy())
-        model_.Remove_Track(model_.Selected_Track());
+        model_.Remove_Track(window_state_.Selected_Track());
 }
 
 void Frm_PlayList::Open_Playlist()
@@ -343,14 +343,7 @@ void Frm_PlayList::Save_Playlist_File()
 {
     if (batch_->Is_Busy())
         return;
-    dialog_.Set_CancelError(false);
-    dialog_.Set_hOwner(this);
-    dialog_.Set_DialogTitle(QString());
-    dialog_.Set_InitDir(QString());
-    dialog_.Set_Filter(filters_.Filter_Own_Playlist);
-    dialog_.Set_FilterIndex(1);
-    dialog_.Set_DefaultExt(QStringLiteral("orx"));
-    dialog_.Set_flags(Open_One_File | CdlgEx::Overwrite_Prompt);
+    Prepare_Dialog(filters_.Filter_Own_Playlist, QStringLiteral("orx"), Open_One_File | CdlgEx::Overwrite_Prompt);
     dialog_.ShowSave();
     if (dialog_.CancelError() || dialog_.FileName().isEmpty())
         return;
@@ -359,7 +352,7 @@ void Frm_PlayList::Save_Playlist_File()
 
 void Frm_PlayList::Add_Associated_Audio()
 {
-    const int track = model_.Selected_Track();
+    const int track = window_state_.Selected_Track();
     if (track == 0 || batch_->Is_Busy())
         return;
     batch_->Associate_Audio(track, Ask_Open(filters_.Filter_Audio, Open_Several_Files));
@@ -368,12 +361,13 @@ void Frm_PlayList::Add_Associated_Audio()
 void Frm_PlayList::Remove_Associated_Audio()
 {
     if (!batch_->Is_Busy())
-        model_.Remove_Associated_Audio();
+        model_.Remove_Associated_Audio(window_state_.Info_Track(), window_state_.Selected_Audio_Entry());
 }
 
 void Frm_PlayList::Choose_Subtitle_File()
 {
-    if (model_.Selected_Track() == 0 || batch_->Is_Busy())
+    const int track = window_state_.Selected_Track();
+    if (track == 0 || batch_->Is_Busy())
         return;
     const QStringList files = Ask_Open(filters_.Filter_Subtitles, Open_One_File);
     if (files.isEmpty())
@@ -381,7 +375,7 @@ void Frm_PlayList::Choose_Subtitle_File()
     QString file_title = Up_To_Nul(dialog_.FileTitle());
     if (file_title.isEmpty())
         file_title = QFileInfo(files.first()).fileName();
-    model_.Associate_Subtitle(files.first(), file_title);
+    model_.Associate_Subtitle(track, files.first(), file_title);
 }
 
 void Frm_PlayList::Show_Tab(int tab)
@@ -403,9 +397,9 @@ void Frm_PlayList::Show_Tab(int tab)
 void Frm_PlayList::Refresh_Usable()
 {
     const bool idle = !batch_->Is_Busy();
-    const bool has_tracks = model_.Track_Controls_Usable() && model_.Track_Count() > 0;
-    const bool selected = model_.Selected_Track() != 0;
-    const bool audio_chosen = model_.Audio_Selection()->currentIndex().isValid();
+    const bool has_tracks = window_state_.Track_Controls_Usable() && model_.Track_Count() > 0;
+    const bool selected = window_state_.Selected_Track() != 0;
+    const bool audio_chosen = window_state_.Selected_Audio_Entry() != 0;
     Set_Usable(tracks_->Btn_Ajouter, idle);
     Set_Usable(tracks_->Btn_Ouvrir, idle);
     Set_Usable(tracks_->Btn_Retirer, idle && selected);

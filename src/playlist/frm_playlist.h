@@ -2,6 +2,7 @@
 
 #include "playlist/open_dialog_filters.h"
 #include "playlist/playlist_window_link.h"
+#include "playlist/playlist_window_state.h"
 
 #include <QPixmap>
 #include <QWidget>
@@ -73,6 +74,7 @@ public:
     Playlist_Panel_Subtitles* Pic_ST() const { return subtitles_; }
     Playlist_Window_Progress* Pic_Progression() const { return progress_; }
     Playlist_Window_Batch& Batch() const { return *batch_; }
+    Playlist_Window_State& Window_State() { return window_state_; }
     const std::array<Picture_Button*, 3>& Onglets() const { return tabs_; }
     const std::array<Skin_Label*, 3>& Lbl_Onglets() const { return tab_captions_; }
     Picture_Button* Img_Fermer() const { return close_; }
@@ -91,10 +93,14 @@ private:
     void Connect_Model();
     void Refresh_Usable();
     void Show_Busy(bool busy);
-    // The dialog's first chosen file, empty when cancelled.
+    // The shared dialog owned by this window, with its filter, default
+    // extension and flags; cancelling leaves its file name empty.
+    void Prepare_Dialog(const QString& filter, const QString& default_ext, int32_t flags);
+    // The files chosen in the open dialog, none when cancelled.
     QStringList Ask_Open(const QString& filter, int32_t flags);
 
     Playlist_Model& model_;
+    Playlist_Window_State window_state_;
     Playback_State& state_;
     CdlgEx& dialog_;
     const Settings& settings_;

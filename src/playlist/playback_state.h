@@ -1,5 +1,7 @@
 #pragma once
 
+#include "playlist/audio_choice.h"
+
 #include <QString>
 #include <cstdint>
 
@@ -14,7 +16,7 @@ struct Playback_State {
     bool Subtitles_Shown = false;
     bool Subtitles_Loaded = false;
     int Volume_Level = 3;          // 0..6; graph volume Volume_Level * 500 - 3000
-    int16_t Audio_Choice = 0;      // 1..n a stream of the file, n+1..n+m an associated file
+    Orvane::Audio_Choice Audio_Choice;  // survives from one track to the next
     int16_t Time_Mode = 1;         // 1 elapsed, 2 remaining
     QString Next_Subtitle_Time = QStringLiteral("Aucun");  // "Aucun" = search again
     int Next_Subtitle_Index = 1;

@@ -15,6 +15,8 @@ namespace Orvane {
 namespace {
 
 constexpr int16_t Load_Mode = 1;
+constexpr int16_t Text_Subtitle_Path_Too_Short = 1208;
+constexpr int16_t Text_Playlist_Not_Saved = 1209;
 
 QString Slashed(QString path)
 {
@@ -86,7 +88,7 @@ private:
             if (subtitle.size() > 6)
                 target_.Associate_Subtitle(Slashed(subtitle));
             else if (!subtitle.isEmpty())
-                target_.Show_Error(texts_.Get_Text(1208));
+                target_.Show_Error(texts_.Get_Text(Text_Subtitle_Path_Too_Short));
         }
     }
 
@@ -167,7 +169,7 @@ bool Save_Playlist(const QString& file_name, const std::vector<Track_Record>& tr
     }
     const Save_Result result = Write_Text_Lines(file_name, lines);
     if (!result)
-        Message_Box(texts.Get_Text(1209) + u'\n' + file_name + u'\n' + result.reason, Box_Style::Critical_Ok);
+        Message_Box(texts.Get_Text(Text_Playlist_Not_Saved) + u'\n' + file_name + u'\n' + result.reason, Box_Style::Critical_Ok);
     return result.saved;
 }
 

@@ -1,13 +1,12 @@
 #include "playlist/playlist_model.h"
 
 #include "base/time_text.h"
-#include "language/text_table.h"
 #include "media/media_analysis.h"
 #include "playlist/name_from_path.h"
 #include "playlist/playback_state.h"
 #include "playlist/player_hooks.h"
+#include "playlist/playlist_prompts.h"
 #include "subtitles/subtitle_table.h"
-#include "ui/message_box.h"
 
 #include <QFileInfo>
 #include <algorithm>
@@ -37,7 +36,7 @@ QString Duration_Text_Of(double seconds)
 }
 
 // A total that may pass a day keeps counting hours instead of wrapping.
-QString Total_Duration_Text(long long whole)
+QString Hours_Text(long long whole)
 {
     return QStringLiteral("%1:%2:%3")
         .arg(whole / 3600, 2, 10, QLatin1Char('0'))
@@ -61,25 +60,16 @@ private:
 } // namespace
 
 Playlist_Model::Playlist_Model(Media_Analyser& analyser, Playback_State& state, Player_Hooks& hooks,
-                               Subtitle_Table& subtitles, const Text_Table& texts,
+                               Subtitle_Table& subtitles, Playlist_Prompts& prompts,
                                Subtitle_Loader load_subtitles, QObject* parent)
     : QAbstractListModel(parent),
       analyser_(&analyser),
       state_(state),
       hooks_(hooks),
       subtitles_(subtitles),
-      texts_(texts),
-      load_subtitles_(std::move(load_subtitles)),
-      playlist_selection_(this),
-      audio_selection_(&audio_names_)
+      prompts_(prompts),
+      load_subtitles_(std::move(load_subtitles))
 {
-    connect(&playlist_selection_, &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex& current) {
-                // While rows move, the selection model reports an index of the
-                // old numbering; the removal shows the right track afterwards.
-                if (!changing_rows_)
-                    Show_Track_Info(current.isValid() ? current.row() + 1 : 0);
-            });
 }
 
 int Playlist_Model::rowCount(const QModelIndex& parent) const
@@ -102,22 +92,6 @@ QVariant Playlist_Model::data(const QModelIndex& index, int role) const
     }
 }
 
-int Playlist_Model::Selected_Track() const
-{
-    const QModelIndex current = playlist_selection_.currentIndex();
-    return current.isValid() ? current.row() + 1 : 0;
-}
-
-void Playlist_Model::Select_Track(int track)
-{
-    if (!Is_Track(track)) {
-        playlist_selection_.clearCurrentIndex();
-        playlist_selection_.clearSelection();
-        return;
-    }
-    playlist_selection_.setCurrentIndex(index(track - 1), QItemSelectionModel::ClearAndSelect);
-}
-
 void Playlist_Model::Add_Track(const QString& path, const QStringList& audio_paths, bool disc_change,
                                const QString& title, int entry, int16_t mode)
 {
@@ -135,13 +109,11 @@ void Playlist_Model::Add_Track(const QString& path, const QStringList& audio_pat
     last_added_track_ = track;
     for (const QString& audio_path : audio_paths)
         Associate_Audio(track, audio_path, Name_From_Path(audio_path));
-    Refresh_Track_Info(track);
-    if (track == 1)
+    emit Track_Added(track);
+    if (track == 1) {
         state_.Current_Track = 1;
-    Refresh_Playlist_Duration();
-    if (track == 1)
         hooks_.Open_First_Track(path);
-    Set_Track_Controls_Usable(true);
+    }
 }
 
 void Playlist_Model::Add_Track_With(Media_Analyser& analyses, const QString& path, const QStringList& audio_paths,
@@ -192,9 +164,7 @@ void Playlist_Model::Clear_Playlist()
     endResetModel();
     state_.Current_Track = 0;
     last_added_track_ = 0;
-    Show_Track_Info(0);
-    Refresh_Playlist_Duration();
-    Set_Track_Controls_Usable(false);
+    emit Playlist_Cleared();
 }
 
 void Playlist_Model::Remove_Track(int track)
@@ -205,11 +175,9 @@ void Playlist_Model::Remove_Track(int track)
     if (track == current)
         hooks_.Clear_Audio_Menus(track);
 
-    changing_rows_ = true;
     beginRemoveRows(QModelIndex(), track - 1, track - 1);
     records_.erase(records_.begin() + track);
     endRemoveRows();
-    changing_rows_ = false;
 
     if (current > track)
         state_.Current_Track = current - 1;
@@ -219,11 +187,7 @@ void Playlist_Model::Remove_Track(int track)
         last_added_track_ = 0;
     else if (last_added_track_ > track)
         --last_added_track_;
-
-    Show_Track_Info(Selected_Track());
-    Refresh_Playlist_Duration();
-    if (Track_Count() == 0)
-        Set_Track_Controls_Usable(false);
+    emit Track_Removed(track);
 }
 
 void Playlist_Model::Replace_Removed_Current_Track(int removed)
@@ -245,76 +209,53 @@ bool Playlist_Model::Associate_Audio(int track, const QString& path, const QStri
     if (!analysis)
         return false;
     if (analysis->Video_Renderer_Found) {
-        Message_Box(texts_.Get_Text(Text_Picture_Refused), Box_Style::Critical_Ok);
+        prompts_.Refuse(Text_Picture_Refused);
         return false;
     }
     Track_Record& record = records_[std::size_t(track)];
     record.Associated_Audio.push_back(
         {path, name, Duration_Text_Of(analysis->Duration), analysis->Media_Kind});
     record.Associated_Count = int(record.Associated_Audio.size());
-
-    if (info_track_ == track) {
-        const int row = audio_names_.rowCount();
-        audio_names_.insertRows(row, 1);
-        audio_names_.setData(audio_names_.index(row), name);
-        emit Track_Info_Changed(track);
-    } else {
-        Refresh_Track_Info(track);
-    }
-    audio_selection_.setCurrentIndex(audio_names_.index(audio_names_.rowCount() - 1),
-                                     QItemSelectionModel::ClearAndSelect);
+    emit Associated_Audio_Added(track);
 
     if (track == state_.Current_Track) {
-        if (state_.Audio_Choice == 0)
-            state_.Audio_Choice = 1;
+        if (state_.Audio_Choice.Is_None())
+            state_.Audio_Choice = Audio_Choice::First();
         hooks_.Associated_Audio_Added(track, record.Associated_Count);
     }
     return true;
 }
 
-void Playlist_Model::Remove_Associated_Audio()
+void Playlist_Model::Remove_Associated_Audio(int track, int j)
 {
-    const int track = info_track_;
-    const int row = audio_selection_.currentIndex().row();
-    if (!Is_Track(track) || row < 0 || row >= int(Track(track).Associated_Audio.size()))
+    if (!Is_Track(track) || j < 1 || j > int(Track(track).Associated_Audio.size()))
         return;
     const bool is_current = track == state_.Current_Track;
     if (is_current)
         hooks_.Clear_Audio_Menus(track);
 
     Track_Record& record = records_[std::size_t(track)];
-    record.Associated_Audio.erase(record.Associated_Audio.begin() + row);
+    record.Associated_Audio.erase(record.Associated_Audio.begin() + (j - 1));
     record.Associated_Count = int(record.Associated_Audio.size());
-    audio_names_.removeRows(row, 1);
-    if (audio_names_.rowCount() > 0)
-        audio_selection_.setCurrentIndex(audio_names_.index(std::min(row, audio_names_.rowCount() - 1)),
-                                         QItemSelectionModel::ClearAndSelect);
+    emit Associated_Audio_Removed(track, j);
 
     if (is_current) {
-        // Associated file j is audio choice streams + j.
-        const int removed_choice = std::max<int>(0, record.Audio_Streams) + row + 1;
-        const bool was_heard = state_.Audio_Choice == removed_choice;
-        if (was_heard)
-            state_.Audio_Choice = record.Audio_Streams >= 1 || record.Associated_Count >= 1 ? 1 : 0;
-        else if (state_.Audio_Choice > removed_choice)
-            --state_.Audio_Choice;
+        const bool was_heard = state_.Audio_Choice == Audio_Choice::Associated(j, record.Audio_Streams);
+        state_.Audio_Choice = state_.Audio_Choice.Without_Associated(j, record.Audio_Streams);
+        if (was_heard && (record.Audio_Streams >= 1 || record.Associated_Count >= 1))
+            state_.Audio_Choice = Audio_Choice::First();
         hooks_.Associated_Audio_Removed(track, was_heard);
     }
-    emit Track_Info_Changed(track);
 }
 
-bool Playlist_Model::Associate_Subtitle(const QString& path, const QString& file_title)
-{
-    return Associate_Subtitle_With(Selected_Track(), path, file_title);
-}
 
 void Playlist_Model::Associate_Subtitle(const QString& subtitle_path)
 {
     if (Is_Track(last_added_track_))
-        Associate_Subtitle_With(last_added_track_, subtitle_path, QFileInfo(subtitle_path).fileName());
+        Associate_Subtitle(last_added_track_, subtitle_path, QFileInfo(subtitle_path).fileName());
 }
 
-bool Playlist_Model::Associate_Subtitle_With(int track, const QString& path, const QString& file_title)
+bool Playlist_Model::Associate_Subtitle(int track, const QString& path, const QString& file_title)
 {
     if (!Is_Track(track) || !load_subtitles_ || !load_subtitles_(path))
         return false;
@@ -327,9 +268,9 @@ bool Playlist_Model::Associate_Subtitle_With(int track, const QString& path, con
     record.Subtitle_Delay = subtitles_.Subtitle_Delay;
     // Whether the file's delay is in force is only worth asking when it has one.
     record.Subtitle_Flag = record.Subtitle_Delay != 0
-        && Message_Box(texts_.Get_Text(Text_Subtitle_Delay_Question), Box_Style::Ok_Cancel) == Box_Answer::Ok;
+        && prompts_.Confirm(Text_Subtitle_Delay_Question);
     state_.Subtitles_Loaded = true;
-    Show_Subtitle_Panel(track);
+    emit Subtitle_Changed(track);
     if (track == state_.Current_Track)
         hooks_.Refresh_Display();
     return true;
@@ -354,64 +295,24 @@ void Playlist_Model::Step_Subtitle_Delay(int direction)
     const int current = state_.Current_Track;
     if (Is_Track(current))
         records_[std::size_t(current)].Subtitle_Delay = seconds;
-    Show_Subtitle_Panel(current);
+    emit Subtitle_Changed(current);
 }
 
-void Playlist_Model::Toggle_Subtitle_Flag()
+void Playlist_Model::Toggle_Subtitle_Flag(int track)
 {
-    if (!Is_Track(subtitle_panel_track_))
+    if (!Is_Track(track))
         return;
-    Track_Record& record = records_[std::size_t(subtitle_panel_track_)];
+    Track_Record& record = records_[std::size_t(track)];
     record.Subtitle_Flag = !record.Subtitle_Flag;
-    emit Subtitle_Panel_Changed(subtitle_panel_track_);
+    emit Subtitle_Changed(track);
 }
 
-void Playlist_Model::Refresh_Track_Info(int track)
-{
-    if (Selected_Track() != track)
-        Select_Track(track);  // shows the track through the selection
-    else
-        Show_Track_Info(track);
-}
-
-void Playlist_Model::Refresh_Playlist_Duration()
+QString Playlist_Model::Total_Duration_Text() const
 {
     long long total = 0;
     for (std::size_t k = 1; k < records_.size(); ++k)
         total += Shown_Seconds(records_[k].Duration);
-    const QString text = Total_Duration_Text(total);
-    if (text == playlist_duration_text_)
-        return;
-    playlist_duration_text_ = text;
-    emit Playlist_Duration_Changed(text);
-}
-
-void Playlist_Model::Show_Track_Info(int track)
-{
-    info_track_ = Is_Track(track) ? track : 0;
-    QStringList names;
-    if (info_track_ != 0)
-        for (const Associated_Audio_Entry& entry : Track(info_track_).Associated_Audio)
-            names.append(entry.Name);
-    audio_names_.setStringList(names);
-    if (!names.isEmpty())
-        audio_selection_.setCurrentIndex(audio_names_.index(0), QItemSelectionModel::ClearAndSelect);
-    Show_Subtitle_Panel(info_track_);
-    emit Track_Info_Changed(info_track_);
-}
-
-void Playlist_Model::Show_Subtitle_Panel(int track)
-{
-    subtitle_panel_track_ = Is_Track(track) ? track : 0;
-    emit Subtitle_Panel_Changed(subtitle_panel_track_);
-}
-
-void Playlist_Model::Set_Track_Controls_Usable(bool usable)
-{
-    if (usable == track_controls_usable_)
-        return;
-    track_controls_usable_ = usable;
-    emit Track_Controls_Usable_Changed(usable);
+    return Hours_Text(total);
 }
 
 } // namespace Orvane

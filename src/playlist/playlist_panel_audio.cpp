@@ -1,6 +1,7 @@
 #include "playlist/playlist_panel_audio.h"
 
 #include "playlist/playlist_model.h"
+#include "playlist/playlist_window_state.h"
 #include "playlist/playlist_window_layout.h"
 #include "ui/skin_label.h"
 #include "ui/skin_palette.h"
@@ -17,8 +18,8 @@ constexpr QRect Audio_Caption(25, 36, 370, 18);
 constexpr QRect Audio_List(19, 58, 382, 184);
 } // namespace
 
-Playlist_Panel_Audio::Playlist_Panel_Audio(Playlist_Model& model, QWidget* parent)
-    : QWidget(parent), model_(model), strip_(new QWidget(this))
+Playlist_Panel_Audio::Playlist_Panel_Audio(Playlist_Model& model, Playlist_Window_State& window_state, QWidget* parent)
+    : QWidget(parent), model_(model), window_state_(window_state), strip_(new QWidget(this))
 {
     setObjectName(QStringLiteral("Pic_Audio"));
     Lbl_Piste = Make_Label(this, QStringLiteral("Lbl_Piste_Audio"), Layout::Track_Caption, 11, Skin_Palette::Display_Dim);
@@ -31,11 +32,11 @@ Playlist_Panel_Audio::Playlist_Panel_Audio(Playlist_Model& model, QWidget* paren
     Lst_Audio_Asso->setObjectName(QStringLiteral("Lst_Audio_Asso"));
     Lst_Audio_Asso->setGeometry(Audio_List);
     Style_Display_List(Lst_Audio_Asso);
-    Lst_Audio_Asso->setModel(model.Audio_List());
-    Lst_Audio_Asso->setSelectionModel(model.Audio_Selection());
-    connect(model.Audio_Selection(), &QItemSelectionModel::currentChanged, this,
+    Lst_Audio_Asso->setModel(window_state.Audio_List());
+    Lst_Audio_Asso->setSelectionModel(window_state.Audio_Selection());
+    connect(window_state.Audio_Selection(), &QItemSelectionModel::currentChanged, this,
             &Playlist_Panel_Audio::Show_Entry_Info);
-    connect(model.Audio_List(), &QAbstractItemModel::modelReset, this, &Playlist_Panel_Audio::Show_Entry_Info);
+    connect(window_state.Audio_List(), &QAbstractItemModel::modelReset, this, &Playlist_Panel_Audio::Show_Entry_Info);
 
     const int row1 = Layout::Details_Top;
     const int row2 = row1 + Layout::Details_Row;
@@ -72,8 +73,8 @@ void Playlist_Panel_Audio::Show_Track_Info(int track)
 
 void Playlist_Panel_Audio::Show_Entry_Info()
 {
-    const int track = model_.Info_Track();
-    const int row = model_.Audio_Selection()->currentIndex().row();
+    const int track = window_state_.Info_Track();
+    const int row = window_state_.Audio_Selection()->currentIndex().row();
     if (!model_.Is_Track(track) || row < 0 || row >= int(model_.Track(track).Associated_Audio.size())) {
         Lbl_Val_Duree_Audio->setText(QStringLiteral("--"));
         Lbl_Val_Type_Audio->setText(QStringLiteral("--"));

@@ -9,6 +9,7 @@ class QListView;
 namespace Orvane {
 
 class Playlist_Model;
+class Playlist_Window_State;
 class Skin_Label;
 
 // The associated audio tab: the track it is about, Lst_Audio_Asso with the
@@ -16,7 +17,7 @@ class Skin_Label;
 class Playlist_Panel_Audio : public QWidget {
     Q_OBJECT
 public:
-    Playlist_Panel_Audio(Playlist_Model& model, QWidget* parent);
+    Playlist_Panel_Audio(Playlist_Model& model, Playlist_Window_State& window_state, QWidget* parent);
 
     void Show_Track_Info(int track);
     void Show_Entry_Info();
@@ -42,6 +43,7 @@ protected:
 
 private:
     Playlist_Model& model_;
+    Playlist_Window_State& window_state_;
     QWidget* strip_;
 };
 

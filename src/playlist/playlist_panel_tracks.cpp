@@ -1,6 +1,7 @@
 #include "playlist/playlist_panel_tracks.h"
 
 #include "playlist/playlist_model.h"
+#include "playlist/playlist_window_state.h"
 #include "playlist/playlist_window_delegate.h"
 #include "playlist/playlist_window_layout.h"
 #include "ui/skin_label.h"
@@ -13,7 +14,8 @@ namespace Orvane {
 
 namespace Layout = Playlist_Window_Layout;
 
-Playlist_Panel_Tracks::Playlist_Panel_Tracks(Playlist_Model& model, const Playback_State& state, QWidget* parent)
+Playlist_Panel_Tracks::Playlist_Panel_Tracks(Playlist_Model& model, Playlist_Window_State& window_state,
+                                             const Playback_State& state, QWidget* parent)
     : QWidget(parent), model_(model), strip_(new QWidget(this))
 {
     setObjectName(QStringLiteral("Pic_Playlist"));
@@ -22,7 +24,7 @@ Playlist_Panel_Tracks::Playlist_Panel_Tracks(Playlist_Model& model, const Playba
     Lst_Playlist->setGeometry(Layout::Track_List);
     Style_Display_List(Lst_Playlist);
     Lst_Playlist->setModel(&model);
-    Lst_Playlist->setSelectionModel(model.Playlist_Selection());
+    Lst_Playlist->setSelectionModel(window_state.Playlist_Selection());
     Lst_Playlist->setItemDelegate(new Playlist_Window_Delegate(model, state, Lst_Playlist));
     Lst_Playlist->setUniformItemSizes(true);
 
@@ -67,7 +69,7 @@ Playlist_Panel_Tracks::Playlist_Panel_Tracks(Playlist_Model& model, const Playba
                                        QStringLiteral("Lbl_Btn_Sauver"), Layout::Strip_Slot(1, 1),
                                        Layout::Strip_Caption_Width);
     Show_Track_Info(0);
-    Show_Total(model.Playlist_Duration_Text());
+    Show_Total(window_state.Playlist_Duration_Text());
 }
 
 void Playlist_Panel_Tracks::Show_Track_Info(int track)

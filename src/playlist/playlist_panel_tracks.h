@@ -9,6 +9,7 @@ class QListView;
 namespace Orvane {
 
 class Playlist_Model;
+class Playlist_Window_State;
 class Skin_Label;
 struct Playback_State;
 
@@ -18,7 +19,8 @@ struct Playback_State;
 class Playlist_Panel_Tracks : public QWidget {
     Q_OBJECT
 public:
-    Playlist_Panel_Tracks(Playlist_Model& model, const Playback_State& state, QWidget* parent);
+    Playlist_Panel_Tracks(Playlist_Model& model, Playlist_Window_State& window_state, const Playback_State& state,
+                          QWidget* parent);
 
     void Show_Track_Info(int track);
     void Show_Total(const QString& total);

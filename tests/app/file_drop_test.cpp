@@ -103,7 +103,7 @@ TEST_F(File_Drop_Test, ASubtitleDroppedBelongsToTheSelectedTrack)
 {
     folder.Write("film.sub", Orvane::Test::One_Subtitle("Ligne"));
     Start({Media().Avi_One_Stream});
-    ASSERT_EQ(program.Model().Selected_Track(), 1);
+    ASSERT_EQ(program.Playlist_Window().Window_State().Selected_Track(), 1);
     ASSERT_TRUE(Drop(program.Player_Window(), {folder.File("film.sub")}));
     EXPECT_EQ(program.Model().Track(1).Subtitle_Path, folder.File("film.sub"));
 }

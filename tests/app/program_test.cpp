@@ -63,7 +63,7 @@ TEST_F(Program_Test, AFileNamedWithTheSwitchPlaysAndTheTickAdvancesTheTime)
 
     // The audio menu switches the stream heard.
     program.Session().Menus().Choose_Stream(3);
-    EXPECT_EQ(program.State().Audio_Choice, 3);
+    EXPECT_EQ(program.State().Audio_Choice.Number(), 3);
     EXPECT_EQ(program.Graph().Heard_Stream(), 3);
     EXPECT_TRUE(program.State().Is_Playing);
     EXPECT_TRUE(boxes.Boxes().empty()) << Last_Box();

@@ -9,7 +9,7 @@ protected:
     void Play_Film(int streams, const QStringList& associated, int choice)
     {
         tracks = {Video_Track("Film", streams, associated)};
-        state.Audio_Choice = int16_t(choice);
+        state.Audio_Choice = Audio_Choice::From_Number(choice);
         Start(1);
         graph.position = 42.0;
     }
@@ -92,7 +92,8 @@ TEST_F(Audio_Menus_Test, A_Failed_Rebuild_Leaves_No_Media)
     graph.open_failure = "disc removed";
     menus().Choose_Stream(1);
     EXPECT_EQ(boxes.Last_Text(), "disc removed");
-    EXPECT_FALSE(graph.open || journal.calls.contains("Run"));
+    EXPECT_FALSE(graph.open);
+    EXPECT_FALSE(journal.calls.contains("Run"));
 }
 
 } // namespace Orvane::Test

@@ -92,10 +92,14 @@ TEST_F(Player_Controls_Test, Subtitle_And_Audio_Buttons)
     Start(3, false);
     state.Next_Subtitle_Time = "00:00:30";
     controls.Button_Click(Button_Subtitles);
-    EXPECT_TRUE(state.Subtitles_Shown && fakes.subtitle_window_shown && view.Img_Temoin_ST(1)->isVisibleTo(&view));
+    const auto shown = [this] {  // the state, the window and its lamp agree
+        return QString::number(state.Subtitles_Shown) + QString::number(fakes.subtitle_window_shown)
+               + QString::number(view.Img_Temoin_ST(1)->isVisibleTo(&view));
+    };
+    EXPECT_EQ(shown(), "111");
     EXPECT_EQ(state.Next_Subtitle_Time, "Aucun");
     controls.Button_Click(Button_Subtitles);
-    EXPECT_FALSE(state.Subtitles_Shown || fakes.subtitle_window_shown || view.Img_Temoin_ST(1)->isVisibleTo(&view));
+    EXPECT_EQ(shown(), "000");
 }
 
 TEST_F(Player_Controls_Test, Volume_Steps_Stay_Within_The_Seven_Levels_For_Tracks_With_Sound)

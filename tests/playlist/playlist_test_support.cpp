@@ -30,7 +30,7 @@ std::unique_ptr<Text_Table> Test_Texts(const QString& language)
 }
 
 Playlist_Bench::Playlist_Bench()
-    : model(analyser, state, hooks, subtitles, *texts, [this](const QString& path) {
+    : model(analyser, state, hooks, subtitles, prompts, [this](const QString& path) {
           subtitle_loads << path;
           subtitles = subtitle_files.value(path);
           return subtitle_files.contains(path);

@@ -5,6 +5,8 @@
 #include "playlist/playback_state.h"
 #include "playlist/player_hooks.h"
 #include "playlist/playlist_model.h"
+#include "playlist/playlist_prompts.h"
+#include "playlist/playlist_window_state.h"
 #include "subtitles/subtitle_table.h"
 
 #include <QMap>
@@ -53,6 +55,18 @@ struct Recording_Hooks : Player_Hooks {
     QStringList calls;
 };
 
+// Writes down "Refuse(n)" and "Confirm(n)" and answers the questions with answer.
+struct Recording_Prompts : Playlist_Prompts {
+    void Refuse(int16_t text) override { calls << QStringLiteral("Refuse(%1)").arg(text); }
+    bool Confirm(int16_t text) override
+    {
+        calls << QStringLiteral("Confirm(%1)").arg(text);
+        return answer;
+    }
+    QStringList calls;
+    bool answer = true;
+};
+
 // A text table in which each text n from 300 to 1400 reads "T<n>" ("F<n>" in French), so a test can tell
 // which one was shown.
 std::unique_ptr<Text_Table> Test_Texts(const QString& language = QStringLiteral("English"));
@@ -65,10 +79,12 @@ struct Playlist_Bench {
     Playback_State state;
     Recording_Hooks hooks;
     Subtitle_Table subtitles;
+    Recording_Prompts prompts;
     std::unique_ptr<Text_Table> texts = Test_Texts();
     QMap<QString, Subtitle_Table> subtitle_files;  // what the fake reader knows; others fail
     QStringList subtitle_loads;
     Playlist_Model model;
+    Playlist_Window_State window{model};  // what the playlist window shows of it
     int step_checks = 0;
 };
 
