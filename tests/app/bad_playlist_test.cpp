@@ -2,24 +2,16 @@
 // disc or a half-finished download: loading it neither blocks nor stops
 // short, a file that cannot be played is left out, the good track after them
 // all is added and plays, and Cancel ends the load at once.
-#include "app/program.h"
 #include "player/playback_session.h"
 #include "playlist/frm_playlist.h"
 #include "playlist/playlist_model.h"
 #include "playlist/playlist_window_batch.h"
-#include "shipped_files.h"
+#include "program_fixture.h"
 #include "support/damaged_media.h"
-#include "support/generated_media.h"
 #include "support/hostile_files.h"
-#include "support/temp_folder.h"
-#include "ui/message_box.h"
-#include "ui/skin_resources.h"
-
-#include <gtest/gtest.h>
 
 #include <QDir>
 #include <QSignalSpy>
-#include <QTest>
 
 namespace Orvane {
 namespace {
@@ -49,12 +41,10 @@ QString Make_Bad_File(const Support::Temp_Folder& folder, int n)
     return made ? path : QString();
 }
 
-class Bad_Playlist : public testing::Test {
+class Bad_Playlist : public Support::Program_Fixture {
 protected:
     void SetUp() override
     {
-        Init_Skin_Resources();
-        Support::Copy_Shipped_Files(folder);
         QString list = QStringLiteral("#EXTM3U\r\n");
         for (int n = 1; n <= Bad_Files; ++n) {
             const QString bad = Make_Bad_File(folder, n);
@@ -65,9 +55,7 @@ protected:
         playlist = folder.Write("bad.m3u", list.toUtf8());
     }
 
-    Support::Temp_Folder folder;
     QString playlist;
-    Message_Box_Recorder boxes;
 };
 
 TEST_F(Bad_Playlist, LoadsToTheGoodTrackAfterThemAllWhichThenPlays)
