@@ -4,7 +4,6 @@
 #include "config/frm_config.h"
 #include "player/command_line.h"
 #include "player/frm_player.h"
-#include "player/layout_display_control.h"
 #include "player/playback_session.h"
 #include "player/player_context.h"
 #include "player/player_controls.h"
@@ -57,8 +56,7 @@ Program::Program(const Program_Files& files, Dialog_Provider* dialogs)
     subtitle_window_ = std::make_unique<Frm_Subtitle>(settings_, texts_, subtitle_table_);
     subtitle_window_->Set_Screen_Source([this] { return display_window_->screen(); });
     graph_.Set_Video_Widget(display_window_->Video());
-    display_layout_ = std::make_unique<Display_Layout>(*display_window_, state_.Full_Screen);
-    display_control_ = std::make_unique<Layout_Display_Control>(*display_layout_);
+    display_layout_ = std::make_unique<Display_Window_Layout>(*display_window_, state_.Full_Screen);
 
     model_ = std::make_unique<Playlist_Model>(
         *analyser_, state_, hooks_relay_, subtitle_table_, texts_,
@@ -73,7 +71,7 @@ Program::Program(const Program_Files& files, Dialog_Provider* dialogs)
 
     context_ = std::make_unique<Player_Context>(Player_Context{
         state_, settings_, texts_, graph_, *player_window_, *track_source_, *playlist_window_,
-        *display_control_, *subtitle_source_, *subtitle_window_, *subtitle_window_});
+        *display_layout_, *subtitle_source_, *subtitle_window_, *subtitle_window_});
     session_ = std::make_unique<Playback_Session>(*context_);
     session_hooks_ = std::make_unique<Session_Player_Hooks>(*session_);
     hooks_relay_.Attach(session_hooks_.get());
@@ -115,7 +113,7 @@ bool Program::Start(const QStringList& arguments)
     state_.Time_Mode = 1;
     Apply_All_Texts();
 
-    display_control_->Audio_Layout();
+    display_layout_->Audio_Layout();
     display_window_->show();
     // The subtitles follow the display window to its screen.
     QObject::connect(display_window_->windowHandle(), &QWindow::screenChanged, subtitle_window_.get(),

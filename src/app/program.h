@@ -26,7 +26,6 @@ class Frm_Player;
 class Frm_Rien;
 class Frm_Subtitle;
 class Frm_display;
-class Layout_Display_Control;
 class Playback_Session;
 class Player_Controls;
 class Player_Unroll;
@@ -107,8 +106,7 @@ private:
     std::unique_ptr<Frm_Subtitle> subtitle_window_;
     std::unique_ptr<Frm_About> about_window_;
     std::unique_ptr<Frm_Config> config_window_;
-    std::unique_ptr<Display_Layout> display_layout_;
-    std::unique_ptr<Layout_Display_Control> display_control_;
+    std::unique_ptr<Display_Window_Layout> display_layout_;
     std::unique_ptr<Playlist_Model> model_;
     std::unique_ptr<Frm_PlayList> playlist_window_;
     std::unique_ptr<Playlist_Track_Source> track_source_;

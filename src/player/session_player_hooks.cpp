@@ -1,7 +1,7 @@
 #include "player/session_player_hooks.h"
 
+#include "media/display_layout.h"
 #include "media/media_graph.h"
-#include "player/display_control.h"
 #include "player/playback_session.h"
 #include "subtitles/subtitle_window_control.h"
 #include "playlist/playback_state.h"
