@@ -8,7 +8,6 @@
 #include "media/media_generator.h"
 #include "config/settings.h"
 #include "playlist/playback_state.h"
-#include "playlist/player_hooks.h"
 #include "playlist/playlist_model.h"
 #include "playlist/playlist_window_batch.h"
 #include "subtitles/subtitle_table.h"
@@ -102,11 +101,10 @@ Figures Load(const QString& playlist)
 {
     auto analyser = std::make_shared<Gst_Media_Analyser>();
     Playback_State state;
-    No_Player_Hooks hooks;
     Subtitle_Table subtitles;
     Text_Table texts;
     Settings settings;
-    Playlist_Model model(*analyser, state, hooks, subtitles, texts, [](const QString&) { return false; });
+    Playlist_Model model(*analyser, state, subtitles, texts, [](const QString&) { return false; });
     Playlist_Window_Batch batch(model);
     batch.Use_Analyser(analyser);
 

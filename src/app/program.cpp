@@ -8,7 +8,6 @@
 #include "player/player_context.h"
 #include "player/player_controls.h"
 #include "player/playlist_track_source.h"
-#include "player/session_player_hooks.h"
 #include "player/subtitle_table_source.h"
 #include "player/unroll.h"
 #include "playlist/frm_playlist.h"
@@ -59,7 +58,7 @@ Program::Program(const Program_Files& files, Dialog_Provider* dialogs)
     display_layout_ = std::make_unique<Display_Window_Layout>(*display_window_, state_.Full_Screen);
 
     model_ = std::make_unique<Playlist_Model>(
-        *analyser_, state_, hooks_relay_, subtitle_table_, texts_,
+        *analyser_, state_, subtitle_table_, texts_,
         [this](const QString& path) {
             return Load_Subtitles(path, settings_, texts_, Screen_Width(), subtitle_table_);
         });
@@ -73,8 +72,7 @@ Program::Program(const Program_Files& files, Dialog_Provider* dialogs)
         state_, settings_, texts_, graph_, *player_window_, *track_source_, *playlist_window_,
         *display_layout_, *subtitle_source_, *subtitle_window_, *subtitle_window_});
     session_ = std::make_unique<Playback_Session>(*context_);
-    session_hooks_ = std::make_unique<Session_Player_Hooks>(*session_);
-    hooks_relay_.Attach(session_hooks_.get());
+    model_->Attach_Player(*session_);
 
     Player_Commands commands;
     commands.Show_Configuration = [this] { Show_Configuration(); };

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/player_hooks_relay.h"
 #include "app/program_files.h"
 #include "config/settings.h"
 #include "language/qt_translations.h"
@@ -31,7 +30,6 @@ class Player_Controls;
 class Player_Unroll;
 class Playlist_Model;
 class Playlist_Track_Source;
-class Session_Player_Hooks;
 class Subtitle_Table_Source;
 struct Command_Line_Request;
 struct Player_Context;
@@ -98,7 +96,6 @@ private:
     std::shared_ptr<Gst_Media_Analyser> analyser_ = std::make_shared<Gst_Media_Analyser>();
     Qt_Dialog_Provider qt_dialogs_;
     CdlgEx dialog_;
-    Player_Hooks_Relay hooks_relay_;
 
     std::unique_ptr<Frm_Player> player_window_;
     std::unique_ptr<Frm_display> display_window_;
@@ -113,7 +110,6 @@ private:
     std::unique_ptr<Subtitle_Table_Source> subtitle_source_;
     std::unique_ptr<Player_Context> context_;
     std::unique_ptr<Playback_Session> session_;
-    std::unique_ptr<Session_Player_Hooks> session_hooks_;
     std::unique_ptr<Player_Controls> controls_;
     std::unique_ptr<Player_Unroll> unroll_;
 };

@@ -5,7 +5,6 @@
 #include "media/media_analysis.h"
 #include "playlist/name_from_path.h"
 #include "playlist/playback_state.h"
-#include "playlist/player_hooks.h"
 #include "subtitles/subtitle_table.h"
 #include "ui/message_box.h"
 
@@ -60,13 +59,11 @@ private:
 
 } // namespace
 
-Playlist_Model::Playlist_Model(Media_Analyser& analyser, Playback_State& state, Player_Hooks& hooks,
-                               Subtitle_Table& subtitles, const Text_Table& texts,
-                               Subtitle_Loader load_subtitles, QObject* parent)
+Playlist_Model::Playlist_Model(Media_Analyser& analyser, Playback_State& state, Subtitle_Table& subtitles,
+                               const Text_Table& texts, Subtitle_Loader load_subtitles, QObject* parent)
     : QAbstractListModel(parent),
       analyser_(&analyser),
       state_(state),
-      hooks_(hooks),
       subtitles_(subtitles),
       texts_(texts),
       load_subtitles_(std::move(load_subtitles)),
@@ -128,7 +125,7 @@ void Playlist_Model::Add_Track(const QString& path, const QStringList& audio_pat
     if (entry == 1 && mode == 1) {
         // The first entry of a loaded playlist (or of a Shift-add) replaces the list.
         Clear_Playlist();
-        hooks_.Reset_Player();
+        player_->Reset_Player();
     }
     Store_Track_Record(title, path, disc_change, *analysis);
     const int track = Track_Count();
@@ -140,7 +137,7 @@ void Playlist_Model::Add_Track(const QString& path, const QStringList& audio_pat
         state_.Current_Track = 1;
     Refresh_Playlist_Duration();
     if (track == 1)
-        hooks_.Open_First_Track(path);
+        player_->Open_First_Track(path);
     Set_Track_Controls_Usable(true);
 }
 
@@ -186,7 +183,7 @@ void Playlist_Model::Clear_Playlist()
 {
     // The menus are built from the current record: clear them while it exists.
     if (Is_Track(state_.Current_Track))
-        hooks_.Clear_Audio_Menus(state_.Current_Track);
+        player_->Clear_Audio_Menus(state_.Current_Track);
     beginResetModel();
     records_.resize(1);
     endResetModel();
@@ -203,7 +200,7 @@ void Playlist_Model::Remove_Track(int track)
         return;
     const int current = state_.Current_Track;
     if (track == current)
-        hooks_.Clear_Audio_Menus(track);
+        player_->Clear_Audio_Menus(track);
 
     changing_rows_ = true;
     beginRemoveRows(QModelIndex(), track - 1, track - 1);
@@ -230,11 +227,11 @@ void Playlist_Model::Replace_Removed_Current_Track(int removed)
 {
     // Nothing may point at the removed record while the player is reset.
     state_.Current_Track = 0;
-    hooks_.Reset_Player();
+    player_->Reset_Player();
     if (Track_Count() == 0)
         return;
     state_.Current_Track = std::min(removed, Track_Count());
-    hooks_.Open_First_Track(Track(state_.Current_Track).Path);
+    player_->Open_First_Track(Track(state_.Current_Track).Path);
 }
 
 bool Playlist_Model::Associate_Audio(int track, const QString& path, const QString& name)
@@ -267,7 +264,7 @@ bool Playlist_Model::Associate_Audio(int track, const QString& path, const QStri
     if (track == state_.Current_Track) {
         if (state_.Audio_Choice == 0)
             state_.Audio_Choice = 1;
-        hooks_.Associated_Audio_Added(track, record.Associated_Count);
+        player_->Associated_Audio_Added(track, record.Associated_Count);
     }
     return true;
 }
@@ -280,7 +277,7 @@ void Playlist_Model::Remove_Associated_Audio()
         return;
     const bool is_current = track == state_.Current_Track;
     if (is_current)
-        hooks_.Clear_Audio_Menus(track);
+        player_->Clear_Audio_Menus(track);
 
     Track_Record& record = records_[std::size_t(track)];
     record.Associated_Audio.erase(record.Associated_Audio.begin() + row);
@@ -298,7 +295,7 @@ void Playlist_Model::Remove_Associated_Audio()
             state_.Audio_Choice = record.Audio_Streams >= 1 || record.Associated_Count >= 1 ? 1 : 0;
         else if (state_.Audio_Choice > removed_choice)
             --state_.Audio_Choice;
-        hooks_.Associated_Audio_Removed(track, was_heard);
+        player_->Associated_Audio_Removed(track, was_heard);
     }
     emit Track_Info_Changed(track);
 }
@@ -331,7 +328,7 @@ bool Playlist_Model::Associate_Subtitle_With(int track, const QString& path, con
     state_.Subtitles_Loaded = true;
     Show_Subtitle_Panel(track);
     if (track == state_.Current_Track)
-        hooks_.Refresh_Display();
+        player_->Refresh_Display();
     return true;
 }
 

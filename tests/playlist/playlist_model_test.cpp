@@ -1,4 +1,4 @@
-// The playlist's rules on a fake analyser and recording player hooks (the bench checks
+// The playlist's rules on a fake analyser and a recording player (the bench checks
 // list/record agreement after every change), then on media generated with GStreamer.
 #include "media/gst_media_analyser.h"
 #include "playlist/name_from_path.h"
@@ -45,7 +45,7 @@ protected:
     Message_Box_Recorder boxes;
     Playlist_Bench bench;
     Playlist_Model& model = bench.model;
-    QStringList& calls = bench.hooks.calls;
+    QStringList& calls = bench.player.calls;
 };
 
 TEST_F(Playlist_Model_Test, FirstTrackIsOpenedNotPlayedAndLaterAddsKeepTheCurrentTrack)
@@ -279,10 +279,9 @@ TEST(Playlist_Real_Media, AnalysedFilesFillTheRecordsAndRefuseWhatTheyMust)
     Message_Box_Recorder boxes;
     Gst_Media_Analyser analyser;
     Playback_State state;
-    No_Player_Hooks hooks;
     Subtitle_Table subtitles;
     const auto texts = Test_Texts();
-    Playlist_Model model(analyser, state, hooks, subtitles, *texts, [](const QString&) { return false; });
+    Playlist_Model model(analyser, state, subtitles, *texts, [](const QString&) { return false; });
     for (const QString& path : {media.Avi_Three_Streams, media.Not_Media, media.Wav, media.Truncated_Avi,
                                 media.Vcd_Dat})
         Add_File(model, path, 2);
