@@ -8,7 +8,6 @@
 #include "media/media_generator.h"
 #include "config/settings.h"
 #include "playlist/playback_state.h"
-#include "playlist/player_hooks.h"
 #include "playlist/playlist_model.h"
 #include "playlist/playlist_prompts.h"
 #include "playlist/playlist_window_batch.h"
@@ -103,12 +102,11 @@ Figures Load(const QString& playlist)
 {
     auto analyser = std::make_shared<Gst_Media_Analyser>();
     Playback_State state;
-    No_Player_Hooks hooks;
     Subtitle_Table subtitles;
     Text_Table texts;
     Message_Box_Prompts prompts(texts);
     Settings settings;
-    Playlist_Model model(*analyser, state, hooks, subtitles, prompts, [](const QString&) { return false; });
+    Playlist_Model model(*analyser, state, subtitles, prompts, [](const QString&) { return false; });
     Playlist_Window_Batch batch(model);
     batch.Use_Analyser(analyser);
 

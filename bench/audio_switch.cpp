@@ -6,7 +6,7 @@
 #include "media/gst_media_graph.h"
 #include "media/gst_ref.h"
 #include "media/media_generator.h"
-#include "media/pad_probe.h"
+#include "pad_probe.h"
 
 #include <gst/app/gstappsink.h>
 #include <gst/gst.h>

@@ -4,12 +4,10 @@
 #include "config/frm_config.h"
 #include "player/command_line.h"
 #include "player/frm_player.h"
-#include "player/layout_display_control.h"
 #include "player/playback_session.h"
 #include "player/player_context.h"
 #include "player/player_controls.h"
 #include "player/playlist_track_source.h"
-#include "player/session_player_hooks.h"
 #include "player/subtitle_table_source.h"
 #include "player/unroll.h"
 #include "playlist/frm_playlist.h"
@@ -57,11 +55,10 @@ Program::Program(const Program_Files& files, Dialog_Provider* dialogs)
     subtitle_window_ = std::make_unique<Frm_Subtitle>(settings_, texts_, subtitle_table_);
     subtitle_window_->Set_Screen_Source([this] { return display_window_->screen(); });
     graph_.Set_Video_Widget(display_window_->Video());
-    display_layout_ = std::make_unique<Display_Layout>(*display_window_, state_.Full_Screen);
-    display_control_ = std::make_unique<Layout_Display_Control>(*display_layout_);
+    display_layout_ = std::make_unique<Display_Window_Layout>(*display_window_, state_.Full_Screen);
 
     model_ = std::make_unique<Playlist_Model>(
-        *analyser_, state_, hooks_relay_, subtitle_table_, playlist_prompts_,
+        *analyser_, state_, subtitle_table_, playlist_prompts_,
         [this](const QString& path) {
             return Load_Subtitles(path, settings_, texts_, Screen_Width(), subtitle_table_);
         });
@@ -73,10 +70,9 @@ Program::Program(const Program_Files& files, Dialog_Provider* dialogs)
 
     context_ = std::make_unique<Player_Context>(Player_Context{
         state_, settings_, texts_, graph_, *player_window_, *track_source_, *playlist_window_,
-        *display_control_, *subtitle_source_, *subtitle_window_, *subtitle_window_});
+        *display_layout_, *subtitle_source_, *subtitle_window_, *subtitle_window_});
     session_ = std::make_unique<Playback_Session>(*context_);
-    session_hooks_ = std::make_unique<Session_Player_Hooks>(*session_);
-    hooks_relay_.Attach(session_hooks_.get());
+    model_->Attach_Player(*session_);
 
     Player_Commands commands;
     commands.Show_Configuration = [this] { Show_Configuration(); };
@@ -115,7 +111,7 @@ bool Program::Start(const QStringList& arguments)
     state_.Time_Mode = 1;
     Apply_All_Texts();
 
-    display_control_->Audio_Layout();
+    display_layout_->Audio_Layout();
     display_window_->show();
     // The subtitles follow the display window to its screen.
     QObject::connect(display_window_->windowHandle(), &QWindow::screenChanged, subtitle_window_.get(),

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/player_hooks_relay.h"
 #include "app/program_files.h"
 #include "config/settings.h"
 #include "language/qt_translations.h"
@@ -27,13 +26,11 @@ class Frm_Player;
 class Frm_Rien;
 class Frm_Subtitle;
 class Frm_display;
-class Layout_Display_Control;
 class Playback_Session;
 class Player_Controls;
 class Player_Unroll;
 class Playlist_Model;
 class Playlist_Track_Source;
-class Session_Player_Hooks;
 class Subtitle_Table_Source;
 struct Command_Line_Request;
 struct Player_Context;
@@ -100,7 +97,6 @@ private:
     std::shared_ptr<Gst_Media_Analyser> analyser_ = std::make_shared<Gst_Media_Analyser>();
     Qt_Dialog_Provider qt_dialogs_;
     CdlgEx dialog_;
-    Player_Hooks_Relay hooks_relay_;
     Message_Box_Prompts playlist_prompts_{texts_};
 
     std::unique_ptr<Frm_Player> player_window_;
@@ -109,15 +105,13 @@ private:
     std::unique_ptr<Frm_Subtitle> subtitle_window_;
     std::unique_ptr<Frm_About> about_window_;
     std::unique_ptr<Frm_Config> config_window_;
-    std::unique_ptr<Display_Layout> display_layout_;
-    std::unique_ptr<Layout_Display_Control> display_control_;
+    std::unique_ptr<Display_Window_Layout> display_layout_;
     std::unique_ptr<Playlist_Model> model_;
     std::unique_ptr<Frm_PlayList> playlist_window_;
     std::unique_ptr<Playlist_Track_Source> track_source_;
     std::unique_ptr<Subtitle_Table_Source> subtitle_source_;
     std::unique_ptr<Player_Context> context_;
     std::unique_ptr<Playback_Session> session_;
-    std::unique_ptr<Session_Player_Hooks> session_hooks_;
     std::unique_ptr<Player_Controls> controls_;
     std::unique_ptr<Player_Unroll> unroll_;
 };

@@ -234,7 +234,6 @@ void Gst_Media_Graph::Select_Default_Stream()
 void Gst_Media_Graph::Record_Audio_Pins(bool has_video, int stream_count)
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    Find_Splitter();
     saved_audio_pins_.clear();
     for (auto& [number, pad] : Streams_By_Number(has_video))
         if (number <= stream_count)

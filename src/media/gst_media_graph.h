@@ -52,7 +52,7 @@ public:
     void Restore_Position() override;
 
     // Whether the open pipeline holds an AVI or MPEG splitter (Has_Splitter).
-    bool Find_Splitter() const;
+    [[nodiscard]] bool Find_Splitter() const;
     // Frames go to this widget (none: frames are dropped). It must outlive
     // the graph or be unset first.
     void Set_Video_Widget(Video_Widget* widget);

@@ -83,7 +83,7 @@ public:
     Pad_Ref Selected_Audio_Input() const;
 
     // The AVI or MPEG splitter that decoding put into the pipeline, if any.
-    Element_Ref Find_Splitter() const;
+    [[nodiscard]] Element_Ref Find_Splitter() const;
 
     Associated_Audio& Associated() { return *associated_; }
     const Associated_Audio& Associated() const { return *associated_; }

@@ -3,7 +3,7 @@
 #include "config/settings.h"
 #include "language/text_table.h"
 #include "media/media_graph.h"
-#include "player/display_control.h"
+#include "media/display_layout.h"
 #include "player/player_view.h"
 #include "player/subtitle_source.h"
 #include "player/track_source.h"

@@ -3,6 +3,7 @@
 #include "player/audio_menus.h"
 #include "player/player_context.h"
 #include "player/time_display.h"
+#include "playlist/player_link.h"
 
 #include <QString>
 #include <QTimer>
@@ -23,7 +24,9 @@ namespace Orvane {
 // - The end of a track is found by the tick comparing the position with the
 //   duration stored in the track record; a pipeline that played to its end
 //   stands at that duration, whatever its own length.
-class Playback_Session {
+//
+// It is also the player the playlist operations call on (Player_Link).
+class Playback_Session : public Player_Link {
 public:
     static constexpr int Tick_Interval_Ms = 500;
 
@@ -57,6 +60,14 @@ public:
     Time_Display& Display() { return time_display_; }
     Audio_Menus& Menus() { return audio_menus_; }
     Player_Context& Context() { return context_; }
+
+    // What the playlist operations ask of the player.
+    void Reset_Player() override;
+    void Open_First_Track(const QString& path) override;
+    void Associated_Audio_Added(int track, int count) override;
+    void Clear_Audio_Menus(int track) override;
+    void Refresh_Display() override;
+    void Associated_Audio_Removed(int track, bool was_heard) override;
 
 private:
     void Prepare_Audio(const Track_Record& track);

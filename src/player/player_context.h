@@ -2,7 +2,7 @@
 
 namespace Orvane {
 
-class Display_Control;
+class Display_Layout;
 class Media_Graph;
 class Player_View;
 class Playlist_Window_Link;
@@ -26,7 +26,7 @@ struct Player_Context {
     Player_View& view;
     const Track_Source& tracks;
     Playlist_Window_Link& playlist_window;
-    Display_Control& display;
+    Display_Layout& display;
     Subtitle_Source& subtitles;
     Subtitle_Display& subtitle_display;
     Subtitle_Window_Control& subtitle_window;

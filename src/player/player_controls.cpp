@@ -1,7 +1,7 @@
 #include "player/player_controls.h"
 
+#include "media/display_layout.h"
 #include "media/media_graph.h"
-#include "player/display_control.h"
 #include "player/playback_session.h"
 #include "player/player_layout.h"
 #include "player/player_view.h"

@@ -7,8 +7,12 @@
 
 namespace Orvane {
 
-// The state of the playback that the playlist, the session and the windows
-// share. One instance lives as long as the program.
+// The state of the playback. The program owns the one instance, which lives
+// as long as it does; the player (the session, its controls, menus and time
+// display) writes most of it. It is declared here, below the player, because
+// the playlist operations move Current_Track, Audio_Choice and
+// Subtitles_Loaded as tracks and their files come and go, and the playlist
+// window marks the current track.
 struct Playback_State {
     int Current_Track = 0;         // 1-based, 0 = none
     bool Is_Playing = false;

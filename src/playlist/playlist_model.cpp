@@ -4,7 +4,6 @@
 #include "media/media_analysis.h"
 #include "playlist/name_from_path.h"
 #include "playlist/playback_state.h"
-#include "playlist/player_hooks.h"
 #include "playlist/playlist_prompts.h"
 #include "subtitles/subtitle_table.h"
 
@@ -59,13 +58,11 @@ private:
 
 } // namespace
 
-Playlist_Model::Playlist_Model(Media_Analyser& analyser, Playback_State& state, Player_Hooks& hooks,
-                               Subtitle_Table& subtitles, Playlist_Prompts& prompts,
-                               Subtitle_Loader load_subtitles, QObject* parent)
+Playlist_Model::Playlist_Model(Media_Analyser& analyser, Playback_State& state, Subtitle_Table& subtitles,
+                               Playlist_Prompts& prompts, Subtitle_Loader load_subtitles, QObject* parent)
     : QAbstractListModel(parent),
       analyser_(&analyser),
       state_(state),
-      hooks_(hooks),
       subtitles_(subtitles),
       prompts_(prompts),
       load_subtitles_(std::move(load_subtitles))
@@ -102,7 +99,7 @@ void Playlist_Model::Add_Track(const QString& path, const QStringList& audio_pat
     if (entry == 1 && mode == 1) {
         // The first entry of a loaded playlist (or of a Shift-add) replaces the list.
         Clear_Playlist();
-        hooks_.Reset_Player();
+        player_->Reset_Player();
     }
     Store_Track_Record(title, path, disc_change, *analysis);
     const int track = Track_Count();
@@ -112,7 +109,7 @@ void Playlist_Model::Add_Track(const QString& path, const QStringList& audio_pat
     emit Track_Added(track);
     if (track == 1) {
         state_.Current_Track = 1;
-        hooks_.Open_First_Track(path);
+        player_->Open_First_Track(path);
     }
 }
 
@@ -158,7 +155,7 @@ void Playlist_Model::Clear_Playlist()
 {
     // The menus are built from the current record: clear them while it exists.
     if (Is_Track(state_.Current_Track))
-        hooks_.Clear_Audio_Menus(state_.Current_Track);
+        player_->Clear_Audio_Menus(state_.Current_Track);
     beginResetModel();
     records_.resize(1);
     endResetModel();
@@ -173,7 +170,7 @@ void Playlist_Model::Remove_Track(int track)
         return;
     const int current = state_.Current_Track;
     if (track == current)
-        hooks_.Clear_Audio_Menus(track);
+        player_->Clear_Audio_Menus(track);
 
     beginRemoveRows(QModelIndex(), track - 1, track - 1);
     records_.erase(records_.begin() + track);
@@ -194,11 +191,11 @@ void Playlist_Model::Replace_Removed_Current_Track(int removed)
 {
     // Nothing may point at the removed record while the player is reset.
     state_.Current_Track = 0;
-    hooks_.Reset_Player();
+    player_->Reset_Player();
     if (Track_Count() == 0)
         return;
     state_.Current_Track = std::min(removed, Track_Count());
-    hooks_.Open_First_Track(Track(state_.Current_Track).Path);
+    player_->Open_First_Track(Track(state_.Current_Track).Path);
 }
 
 bool Playlist_Model::Associate_Audio(int track, const QString& path, const QString& name)
@@ -221,7 +218,7 @@ bool Playlist_Model::Associate_Audio(int track, const QString& path, const QStri
     if (track == state_.Current_Track) {
         if (state_.Audio_Choice.Is_None())
             state_.Audio_Choice = Audio_Choice::First();
-        hooks_.Associated_Audio_Added(track, record.Associated_Count);
+        player_->Associated_Audio_Added(track, record.Associated_Count);
     }
     return true;
 }
@@ -232,7 +229,7 @@ void Playlist_Model::Remove_Associated_Audio(int track, int j)
         return;
     const bool is_current = track == state_.Current_Track;
     if (is_current)
-        hooks_.Clear_Audio_Menus(track);
+        player_->Clear_Audio_Menus(track);
 
     Track_Record& record = records_[std::size_t(track)];
     record.Associated_Audio.erase(record.Associated_Audio.begin() + (j - 1));
@@ -244,7 +241,7 @@ void Playlist_Model::Remove_Associated_Audio(int track, int j)
         state_.Audio_Choice = state_.Audio_Choice.Without_Associated(j, record.Audio_Streams);
         if (was_heard && (record.Audio_Streams >= 1 || record.Associated_Count >= 1))
             state_.Audio_Choice = Audio_Choice::First();
-        hooks_.Associated_Audio_Removed(track, was_heard);
+        player_->Associated_Audio_Removed(track, was_heard);
     }
 }
 
@@ -272,7 +269,7 @@ bool Playlist_Model::Associate_Subtitle(int track, const QString& path, const QS
     state_.Subtitles_Loaded = true;
     emit Subtitle_Changed(track);
     if (track == state_.Current_Track)
-        hooks_.Refresh_Display();
+        player_->Refresh_Display();
     return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "playlist/player_link.h"
 #include "playlist/playlist_files.h"
 #include "playlist/track.h"
 
@@ -13,7 +14,6 @@ namespace Orvane {
 
 class Media_Analyser;
 struct Media_Analysis;
-class Player_Hooks;
 class Playlist_Prompts;
 struct Playback_State;
 struct Subtitle_Table;
@@ -32,9 +32,12 @@ public:
     // reports its own failure; false when the file was not read.
     using Subtitle_Loader = std::function<bool(const QString& path)>;
 
-    Playlist_Model(Media_Analyser& analyser, Playback_State& state, Player_Hooks& hooks,
-                   Subtitle_Table& subtitles, Playlist_Prompts& prompts, Subtitle_Loader load_subtitles,
+    Playlist_Model(Media_Analyser& analyser, Playback_State& state, Subtitle_Table& subtitles,
+                   Playlist_Prompts& prompts, Subtitle_Loader load_subtitles,
                    QObject* parent = nullptr);
+    // The player the operations call on, attached once it is built (after
+    // the model); until then their requests to the player do nothing.
+    void Attach_Player(Player_Link& player) { player_ = &player; }
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
@@ -107,7 +110,8 @@ private:
 
     Media_Analyser* analyser_;
     Playback_State& state_;
-    Player_Hooks& hooks_;
+    Player_Link no_player_;
+    Player_Link* player_ = &no_player_;
     Subtitle_Table& subtitles_;
     Playlist_Prompts& prompts_;
     Subtitle_Loader load_subtitles_;

@@ -14,9 +14,9 @@ class Video_Widget;
 // (Img_Haut_G, the stretched Img_Haut_Centre, Img_Haut_D) drags it, with the
 // picture of the open media below (the Video_Widget at y = 20 px) and the
 // splash picture in its place while no picture is shown. Its geometry is
-// laid out by the display layout routines through Display_Host, in twips
+// laid out by the display layout routines through Display_Window, in twips
 // relative to the available area of its screen.
-class Frm_display : public QWidget, public Display_Host {
+class Frm_display : public QWidget, public Display_Window {
     Q_OBJECT
 public:
     explicit Frm_display(QWidget* parent = nullptr);

@@ -6,7 +6,7 @@
 namespace Orvane {
 namespace {
 
-class Fake_Display : public Display_Host {
+class Fake_Display : public Display_Window {
 public:
     QRect display{1500, 1200, 4800, 3900};  // twips
     QRect video{0, 20, 320, 240};           // pixels
@@ -117,7 +117,7 @@ TEST(Display_Layout, ReapplyingFullScreenFollowsTheNewTrackOnlyWhenTheFlagIsSet)
 {
     Fake_Display host;
     bool full_screen = false;
-    Display_Layout layout(host, full_screen);
+    Display_Window_Layout layout(host, full_screen);
     layout.Video_Layout(QSize(320, 240));
     layout.Reapply_Full_Screen(true);
     EXPECT_FALSE(full_screen);

@@ -2,7 +2,7 @@
 
 #include "config/settings.h"
 #include "language/text_table.h"
-#include "player/display_control.h"
+#include "media/display_layout.h"
 #include "player/frm_player.h"
 #include "player/playback_session.h"
 #include "player/subtitle_table_source.h"
@@ -32,7 +32,7 @@ namespace Orvane::Test {
 // Everything around the player but the graph, its window and the subtitle
 // table: the playlist, its window, the display and subtitle windows,
 // journaling every call.
-class Fake_Surroundings : public Track_Source, public Playlist_Window_Link, public Display_Control,
+class Fake_Surroundings : public Track_Source, public Playlist_Window_Link, public Display_Layout,
                           public Subtitle_Display, public Subtitle_Window_Control {
 public:
     explicit Fake_Surroundings(Call_Journal& journal) : journal(journal) {}

@@ -1,4 +1,4 @@
-// The playlist's rules on a fake analyser and recording player hooks (the bench checks
+// The playlist's rules on a fake analyser and a recording player (the bench checks
 // list/record agreement after every change). What GStreamer finds in real files is the
 // analyser's tests' concern; real files go through the model in the batch's tests.
 #include "playlist/name_from_path.h"
@@ -43,7 +43,7 @@ protected:
     Playlist_Bench bench;
     Playlist_Model& model = bench.model;
     Playlist_Window_State& window = bench.window;
-    QStringList& calls = bench.hooks.calls;
+    QStringList& calls = bench.player.calls;
     QStringList& prompts = bench.prompts.calls;
 };
 

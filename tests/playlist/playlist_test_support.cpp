@@ -30,14 +30,15 @@ std::unique_ptr<Text_Table> Test_Texts(const QString& language)
 }
 
 Playlist_Bench::Playlist_Bench()
-    : model(analyser, state, hooks, subtitles, prompts, [this](const QString& path) {
+    : model(analyser, state, subtitles, prompts, [this](const QString& path) {
           subtitle_loads << path;
           subtitles = subtitle_files.value(path);
           return subtitle_files.contains(path);
       })
 {
-    hooks.state = &state;
-    hooks.model = &model;
+    player.state = &state;
+    player.model = &model;
+    model.Attach_Player(player);
     const auto check = [this] {
         ++step_checks;
         ASSERT_EQ(model.rowCount(), int(model.Playlist().size()) - 1) << "list rows and records differ";

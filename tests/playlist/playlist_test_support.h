@@ -3,7 +3,7 @@
 #include "language/text_table.h"
 #include "media/media_analysis.h"
 #include "playlist/playback_state.h"
-#include "playlist/player_hooks.h"
+#include "playlist/player_link.h"
 #include "playlist/playlist_model.h"
 #include "playlist/playlist_prompts.h"
 #include "playlist/playlist_window_state.h"
@@ -35,7 +35,7 @@ struct Fake_Analyser : Media_Analyser {
 
 // Writes down every call as "Name(args) current=c count=n": the current track
 // and the track count at the moment of the call.
-struct Recording_Hooks : Player_Hooks {
+struct Recording_Player : Player_Link {
     void Reset_Player() override { Note(QStringLiteral("Reset_Player()")); }
     void Open_First_Track(const QString& path) override { Note("Open_First_Track(" + path + ")"); }
     void Associated_Audio_Added(int k, int n) override { Note(QString("Associated_Audio_Added(%1,%2)").arg(k).arg(n)); }
@@ -77,7 +77,7 @@ struct Playlist_Bench {
     Playlist_Bench();
     Fake_Analyser analyser;
     Playback_State state;
-    Recording_Hooks hooks;
+    Recording_Player player;
     Subtitle_Table subtitles;
     Recording_Prompts prompts;
     std::unique_ptr<Text_Table> texts = Test_Texts();

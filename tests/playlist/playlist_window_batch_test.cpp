@@ -53,7 +53,7 @@ QStringList Reference_Calls(const Out_Of_Order_Case& test, QStringList& paths)
     for (int entry = 1; entry <= test.files.size(); ++entry)
         bench.model.Add_Track(test.files[entry - 1], {}, false, test.files[entry - 1], entry, 1);
     paths = Paths(bench.model);
-    return bench.hooks.calls;
+    return bench.player.calls;
 }
 
 TEST_P(Playlist_Window_Batch_Order, TracksGoInInEntryOrderAndEntryOneReplacesAsWhenAnalysedInTurn)
@@ -81,7 +81,7 @@ TEST_P(Playlist_Window_Batch_Order, TracksGoInInEntryOrderAndEntryOneReplacesAsW
     }
     QTRY_VERIFY(!batch.Is_Busy());
     EXPECT_EQ(Paths(bench.model), expected_paths);
-    EXPECT_EQ(bench.hooks.calls, expected_calls);
+    EXPECT_EQ(bench.player.calls, expected_calls);
 }
 
 INSTANTIATE_TEST_SUITE_P(
