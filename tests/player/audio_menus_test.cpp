@@ -16,7 +16,7 @@ protected:
     Audio_Menus& menus() { return session.Menus(); }
 };
 
-TEST_F(Audio_Menus_Test, Built_With_The_Choice_Heard_Checked_And_Cleared)
+TEST_F(Audio_Menus_Test, BuiltWithTheChoiceHeardCheckedAndCleared)
 {
     const std::tuple<int, QStringList, int, QString> cases[] = {
         {2, {"English"}, 2, "-,Stream audio 1,Stream audio 2*,-,English,-"},
@@ -34,7 +34,7 @@ TEST_F(Audio_Menus_Test, Built_With_The_Choice_Heard_Checked_And_Cleared)
     EXPECT_EQ(Menu_Text(view), "-,-") << "no menus without a picture";
 }
 
-TEST_F(Audio_Menus_Test, Stream_To_Stream_Reconnects_Where_The_Graph_Stopped)
+TEST_F(Audio_Menus_Test, StreamToStreamReconnectsWhereTheGraphStopped)
 {
     Play_Film(2, {"English"}, 2);
     menus().Choose_Stream(2);  // the entry checked: nothing
@@ -46,7 +46,7 @@ TEST_F(Audio_Menus_Test, Stream_To_Stream_Reconnects_Where_The_Graph_Stopped)
     EXPECT_EQ(view.Lbl_Affichage_ML()->text(), "1102 English1");
 }
 
-TEST_F(Audio_Menus_Test, Leaving_An_Associated_File_For_A_Stream_Keeps_The_Place_In_Place_Or_Reopened)
+TEST_F(Audio_Menus_Test, LeavingAnAssociatedFileForAStreamKeepsThePlaceInPlaceOrReopened)
 {
     // The associated file leaves the running graph; only a graph that cannot
     // drop it is opened again. The steps the user sees are the same.
@@ -74,7 +74,7 @@ TEST_F(Audio_Menus_Test, Leaving_An_Associated_File_For_A_Stream_Keeps_The_Place
     }
 }
 
-TEST_F(Audio_Menus_Test, One_Associated_File_For_Another_Leaves_In_Place_Before_The_Next_Is_Rendered)
+TEST_F(Audio_Menus_Test, OneAssociatedFileForAnotherLeavesInPlaceBeforeTheNextIsRendered)
 {
     Play_Film(0, {"French", "English"}, 1);
     journal.Clear();
@@ -85,7 +85,7 @@ TEST_F(Audio_Menus_Test, One_Associated_File_For_Another_Leaves_In_Place_Before_
     EXPECT_EQ(Menu_Text(view), "-,French,English*,-");
 }
 
-TEST_F(Audio_Menus_Test, A_Failed_Rebuild_Leaves_No_Media)
+TEST_F(Audio_Menus_Test, AFailedRebuildLeavesNoMedia)
 {
     Play_Film(2, {"English"}, 3);
     graph.drop_in_place = false;

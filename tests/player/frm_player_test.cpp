@@ -14,7 +14,7 @@ namespace Orvane::Test {
 using Player_Window = Player_Base;
 using Signals = QList<QList<QVariant>>;
 
-TEST_F(Player_Window, Starts_Without_Media_And_Takes_The_Texts_Of_Their_Numbers)
+TEST_F(Player_Window, StartsWithoutMediaAndTakesTheTextsOfTheirNumbers)
 {
     EXPECT_EQ(QStringList({view.Time_Text(), view.Lbl_Indic_Type_Temps()->text(), view.Title_Text(),
                            view.Lbl_Quitter()->text(), view.Mnu_Popup()->title(), Menu_Text(view),
@@ -30,7 +30,7 @@ TEST_F(Player_Window, Starts_Without_Media_And_Takes_The_Texts_Of_Their_Numbers)
     EXPECT_EQ(view.Title_Text(), "Metropolis") << "the title of open media stays";
 }
 
-TEST_F(Player_Window, Reports_Character_Codes_And_Menu_Entries_Without_Checking_Them)
+TEST_F(Player_Window, ReportsCharacterCodesAndMenuEntriesWithoutCheckingThem)
 {
     QSignalSpy keys(&view, &Frm_Player::Key_Pressed);
     for (const auto& [key, text] : {std::pair{Qt::Key_B, "b"}, {Qt::Key_B, "B"}, {Qt::Key_Home, ""}}) {
@@ -45,7 +45,7 @@ TEST_F(Player_Window, Reports_Character_Codes_And_Menu_Entries_Without_Checking_
     EXPECT_FALSE(view.Mnu_Num_Stream(2)->isChecked()) << "the checks are the choice logic's to set";
 }
 
-TEST_F(Player_Window, Reports_Clicks_And_Seeking_In_Twips)
+TEST_F(Player_Window, ReportsClicksAndSeekingInTwips)
 {
     view.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));

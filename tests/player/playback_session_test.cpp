@@ -4,7 +4,7 @@ namespace Orvane::Test {
 
 using Playback_Session_Test = Player_Fixture;
 
-TEST_F(Playback_Session_Test, Play_Track_Opens_Prepares_And_Plays_In_Order)
+TEST_F(Playback_Session_Test, PlayTrackOpensPreparesAndPlaysInOrder)
 {
     tracks = {Audio_Track("Song"), Video_Track("Film", 2)};
     tracks[1].Subtitle_Path = Subtitle_File();
@@ -27,7 +27,7 @@ TEST_F(Playback_Session_Test, Play_Track_Opens_Prepares_And_Plays_In_Order)
     EXPECT_EQ(journal.Only({"Video_Layout", "Audio_Layout", "Record", "Reapply"}), QStringList({"Audio_Layout"}));
 }
 
-TEST_F(Playback_Session_Test, Disc_Change_Question_Cancelled_Leaves_No_Media)
+TEST_F(Playback_Session_Test, DiscChangeQuestionCancelledLeavesNoMedia)
 {
     tracks = {Video_Track("Part2", 1)};
     tracks[0].Disc_Change = true;
@@ -42,7 +42,7 @@ TEST_F(Playback_Session_Test, Disc_Change_Question_Cancelled_Leaves_No_Media)
     EXPECT_TRUE(graph.running);
 }
 
-TEST_F(Playback_Session_Test, Graph_Failures_Are_Reported_And_Leave_No_Media)
+TEST_F(Playback_Session_Test, GraphFailuresAreReportedAndLeaveNoMedia)
 {
     tracks = {Video_Track("A", 1)};
     Start(1);
@@ -62,7 +62,7 @@ TEST_F(Playback_Session_Test, Graph_Failures_Are_Reported_And_Leave_No_Media)
     EXPECT_FALSE(state.Is_Playing);
 }
 
-TEST_F(Playback_Session_Test, Next_And_Previous)
+TEST_F(Playback_Session_Test, NextAndPrevious)
 {
     tracks = {Video_Track("A", 2), Video_Track("B", 1)};
     Start(2);
@@ -80,7 +80,7 @@ TEST_F(Playback_Session_Test, Next_And_Previous)
     EXPECT_EQ(Menu_Text(view), "-,-");
 }
 
-TEST_F(Playback_Session_Test, Audio_Choice_Kept_Up_To_Twice_The_Stream_Count)
+TEST_F(Playback_Session_Test, AudioChoiceKeptUpToTwiceTheStreamCount)
 {
     tracks = {Video_Track("Film", 2, {"English"})};
     state.Current_Track = 1;
@@ -101,7 +101,7 @@ TEST_F(Playback_Session_Test, Audio_Choice_Kept_Up_To_Twice_The_Stream_Count)
     EXPECT_TRUE(graph.running) << "the picture goes on";
 }
 
-TEST_F(Playback_Session_Test, Tick_Pause_And_The_End_Of_The_Only_Track)
+TEST_F(Playback_Session_Test, TickPauseAndTheEndOfTheOnlyTrack)
 {
     tracks = {Video_Track("A", 1)};
     Start(1);
@@ -141,7 +141,7 @@ TEST_F(Playback_Session_Test, Repeat_Plays_Track_1_After_Clearing_The_Last_Track
     EXPECT_EQ(state.Next_Subtitle_Time, "Aucun");
 }
 
-TEST_F(Playback_Session_Test, The_End_Of_The_Stream_Stands_For_The_Stored_Duration)
+TEST_F(Playback_Session_Test, TheEndOfTheStreamStandsForTheStoredDuration)
 {
     struct Case {
         const char* name;
@@ -169,7 +169,7 @@ TEST_F(Playback_Session_Test, The_End_Of_The_Stream_Stands_For_The_Stored_Durati
     }
 }
 
-TEST_F(Playback_Session_Test, Subtitle_Lines_Appear_When_The_Shown_Text_Equals_Their_Start)
+TEST_F(Playback_Session_Test, SubtitleLinesAppearWhenTheShownTextEqualsTheirStart)
 {
     tracks = {Video_Track("Film", 1)};
     tracks[0].Subtitle_Path = Subtitle_File();

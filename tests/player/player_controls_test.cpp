@@ -28,7 +28,7 @@ protected:
                               [this] { journal.Add("Quit_Application"); }}};
 };
 
-TEST_F(Player_Controls_Test, Without_Media_Only_Open_Configuration_And_Playlist_Act)
+TEST_F(Player_Controls_Test, WithoutMediaOnlyOpenConfigurationAndPlaylistAct)
 {
     tracks = {Video_Track("A", 2), Video_Track("B", 2)};
     state.Current_Track = 1;
@@ -38,7 +38,7 @@ TEST_F(Player_Controls_Test, Without_Media_Only_Open_Configuration_And_Playlist_
     EXPECT_EQ(Keys(" B"), "");
 }
 
-TEST_F(Player_Controls_Test, Press_Look_Of_The_Audio_And_Previous_Buttons)
+TEST_F(Player_Controls_Test, PressLookOfTheAudioAndPreviousButtons)
 {
     tracks = {Video_Track("A", 1, {"Dub"}), Video_Track("B", 2), Audio_Track("C")};
     Start(1, false);
@@ -54,7 +54,7 @@ TEST_F(Player_Controls_Test, Press_Look_Of_The_Audio_And_Previous_Buttons)
     EXPECT_EQ(graph.opened_path, "/media/B.avi");
 }
 
-TEST_F(Player_Controls_Test, Key_Table_By_Character_Code_Then_Quit)
+TEST_F(Player_Controls_Test, KeyTableByCharacterCodeThenQuit)
 {
     tracks = {Video_Track("A", 1), Video_Track("B", 1), Video_Track("C", 1)};
     state.Volume_Level = 3;
@@ -79,7 +79,7 @@ TEST_F(Player_Controls_Test, Key_Table_By_Character_Code_Then_Quit)
     EXPECT_EQ(journal.calls, QStringList({"Write_Config", "Close_Graph", "Quit_Application"}));
 }
 
-TEST_F(Player_Controls_Test, Subtitle_And_Audio_Buttons)
+TEST_F(Player_Controls_Test, SubtitleAndAudioButtons)
 {
     tracks = {Video_Track("Film", 1), Audio_Track("Song", {"Karaoke"}), Video_Track("Dubbed", 1, {"Deutsch"})};
     tracks[2].Subtitle_Path = Subtitle_File();
@@ -102,7 +102,7 @@ TEST_F(Player_Controls_Test, Subtitle_And_Audio_Buttons)
     EXPECT_EQ(shown(), "000");
 }
 
-TEST_F(Player_Controls_Test, Volume_Steps_Stay_Within_The_Seven_Levels_For_Tracks_With_Sound)
+TEST_F(Player_Controls_Test, VolumeStepsStayWithinTheSevenLevelsForTracksWithSound)
 {
     tracks = {Video_Track("Silent", 0)};
     state.Current_Track = 1;

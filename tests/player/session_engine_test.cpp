@@ -24,7 +24,7 @@ protected:
     Playback_Session session{context};
 };
 
-TEST_F(Session_Engine_Test, A_File_That_Is_No_Media_Is_Refused_And_Streams_Are_Switched_While_Playing)
+TEST_F(Session_Engine_Test, AFileThatIsNoMediaIsRefusedAndStreamsAreSwitchedWhilePlaying)
 {
     tracks = {Video_Track("Bad", 1)};
     tracks[0].Path = Media().Not_Media;

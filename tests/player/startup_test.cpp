@@ -4,8 +4,7 @@
 #include "player/unroll.h"
 #include "support/temp_folder.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
+#include <QTest>
 
 namespace Orvane::Test {
 
@@ -18,15 +17,13 @@ TEST_F(Startup_Test, The_Bar_Unrolls_In_Thirteen_Steps_Of_20_Pixels_Then_Reads_T
     int handed_over = 0;
     QObject::connect(&unroll.Timer_Display(), &QTimer::timeout, [&] { heights.append(view.height()); });
     unroll.Start([&] { ++handed_over; });
-    QDeadlineTimer deadline(5000);
-    while (handed_over == 0 && !deadline.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    QCoreApplication::processEvents(QEventLoop::AllEvents, 120);  // no second call after the last tick
+    QTRY_VERIFY_WITH_TIMEOUT(handed_over > 0, 5000);
+    EXPECT_FALSE(unroll.Timer_Display().isActive()) << "a running timer would hand over again";
     EXPECT_EQ(handed_over, 1);
     EXPECT_EQ(heights, QList<int>({20, 40, 60, 80, 100, 120, 140, 160, 180, 200, 220, 240, 260, 260}));
 }
 
-TEST_F(Startup_Test, Command_Line_File_Kind_And_Switch)
+TEST_F(Startup_Test, CommandLineFileKindAndSwitch)
 {
     Temp_Folder program, current;
     program.Write("both.avi", "x");

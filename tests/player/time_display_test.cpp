@@ -21,7 +21,7 @@ TEST_F(Time_Display_Test, Seek_Arithmetic_Over_The_310_Pixel_Track)
     }
 }
 
-TEST_F(Time_Display_Test, Drag_Seeks_Inside_The_Track_And_Freezes_Outside)
+TEST_F(Time_Display_Test, DragSeeksInsideTheTrackAndFreezesOutside)
 {
     state.Next_Subtitle_Time = "00:00:20";
     time().Progress_Mouse_Down(1500);
@@ -51,7 +51,7 @@ TEST_F(Time_Display_Test, Drag_Seeks_Inside_The_Track_And_Freezes_Outside)
 }
 
 // The cursor follows the position over the 310-pixel track.
-TEST_F(Time_Display_Test, Seek_To_Seconds_Stays_Within_The_Media_And_Searches_The_Subtitles_Again)
+TEST_F(Time_Display_Test, SeekToSecondsStaysWithinTheMediaAndSearchesTheSubtitlesAgain)
 {
     state.Subtitles_Shown = true;
     state.Next_Subtitle_Time = "00:00:20";
@@ -66,7 +66,7 @@ TEST_F(Time_Display_Test, Seek_To_Seconds_Stays_Within_The_Media_And_Searches_Th
     EXPECT_FALSE(time().Seek_To_Seconds(10.0)) << "nothing to seek without media";
 }
 
-TEST_F(Time_Display_Test, Time_Mode_Toggle_Changes_The_Caption_Now_And_The_Time_On_The_Tick)
+TEST_F(Time_Display_Test, TimeModeToggleChangesTheCaptionNowAndTheTimeOnTheTick)
 {
     graph.position = 10.0;
     session.Tick();
@@ -82,7 +82,7 @@ TEST_F(Time_Display_Test, Time_Mode_Toggle_Changes_The_Caption_Now_And_The_Time_
     EXPECT_EQ(time().Time_For_Position(32768.0), std::nullopt) << "past the supported range";
 }
 
-TEST_F(Time_Display_Test, Remaining_Time_Is_Never_Below_Zero)
+TEST_F(Time_Display_Test, RemainingTimeIsNeverBelowZero)
 {
     state.Time_Mode = 2;
     const std::tuple<double, double, QString> cases[] = {  // graph's duration, position, shown
@@ -95,7 +95,7 @@ TEST_F(Time_Display_Test, Remaining_Time_Is_Never_Below_Zero)
     }
 }
 
-TEST_F(Time_Display_Test, Status_Labels_And_Lamps_Of_The_Current_Track)
+TEST_F(Time_Display_Test, StatusLabelsAndLampsOfTheCurrentTrack)
 {
     tracks = {Video_Track("One", 1), Video_Track("Dubbed", 1, {"Deutsch"}), Audio_Track("Song", {"Karaoke"}),
               Video_Track("Two", 2)};
