@@ -82,7 +82,8 @@ int Play_With_Engine(int argc, char** argv, const QString& path)
     widget.resize(graph.Video_Size());
     widget.show();
     graph.Run();
-    QTimer::singleShot(Play_Seconds * 1000, &application, &QApplication::quit);
+    // The parent ends the run, as it ends the other players' (see main).
+    QTimer::singleShot((Play_Seconds + 5) * 1000, &application, &QApplication::quit);
     return application.exec();
 }
 
@@ -152,7 +153,9 @@ int main(int argc, char** argv)
     for (const Clip& clip : clips) {
         const std::string path = clip.path.toStdString();
         const std::vector<std::pair<std::string, std::vector<std::string>>> players = {
-            {"orvane", {self, "--play", path}},
+            // Every player is started the same way and interrupted the same
+            // wall time after its start, so start-up and opening count alike.
+            {"orvane", {"timeout", "-s", "INT", seconds, self, "--play", path}},
             {"gst_play",
              {"timeout", "-s", "INT", seconds, "gst-play-1.0", "-q", "--videosink=ximagesink",
               "--audiosink=fakesink sync=true", path}},

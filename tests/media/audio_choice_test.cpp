@@ -9,6 +9,8 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <iostream>
+#include <string>
 
 namespace Orvane {
 namespace {
@@ -43,9 +45,22 @@ protected:
         const std::vector<float> samples = Support::Joined(chunks_, 3);
         const int dominant = Support::Dominant_Tone(samples, Tones);
         for (int tone : Tones)
-            if (tone != dominant && Support::Tone_Power(samples, tone) > Support::Tone_Power(samples, dominant) / 1000)
+            if (tone != dominant && Support::Tone_Power(samples, tone) > Support::Tone_Power(samples, dominant) / 1000) {
+                Describe_Mix();
                 return 0;
+            }
         return dominant;
+    }
+    // For a failure report: what each buffer held (tone, or 0 for silence).
+    void Describe_Mix() const
+    {
+        std::string heard;
+        for (const Support::Audio_Chunk& chunk : chunks_) {
+            const std::vector<float> one = Support::Joined({chunk});
+            const int tone = Support::Rms(one) < 1e-3 ? 0 : Support::Dominant_Tone(one, Tones);
+            heard += std::to_string(tone) + "@" + std::to_string(chunk.Stream_Time).substr(0, 5) + " ";
+        }
+        std::cerr << "Buffers heard (tone@stream time): " << heard << '\n';
     }
     // Each buffer heard is the part of its file that belongs with the picture
     // at that instant: media time minus running time is the seek target.
