@@ -213,24 +213,17 @@ TEST(Media_Graph_Output, WithoutAUsableOutputTheClockRunsOnThroughASilentSink)
     }
 }
 
-TEST(Media_Graph_Video, FramesReachTheWidgetOnTheGuiThreadAndStopWhenItGoes)
+// The frames themselves (preroll, seek, resize, expose) are the video frame tests' business.
+TEST(Media_Graph_Video, WhenTheWidgetGoesTheGraphDropsItsFramesAndPlaysOn)
 {
     Gst_Media_Graph graph;
     auto widget = std::make_unique<Video_Widget>();
     graph.Set_Video_Widget(widget.get());
     ASSERT_TRUE(graph.Open_Graph(Support::Media().Avi_One_Stream));
-    // The prerolled picture arrives without playing.
     ASSERT_TRUE(QTest::qWaitFor([&] { return widget->Has_Frame(); }, 2000));
-    EXPECT_EQ(widget->Last_Frame().size(), QSize(320, 240));
-    EXPECT_GT(qGray(widget->Last_Frame().pixel(5, 5)), 150) << "the pattern's light grey bar, not black";
-
-    widget->Clear_Frame();
-    graph.Set_Current_Position(1.0);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return widget->Has_Frame(); }, 2000)) << "the frame after a seek";
-
-    widget.reset();  // the graph must notice and drop frames
+    widget.reset();
     graph.Run();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return graph.Current_Position() > 1.2; }, 3000)) << "played on";
+    ASSERT_TRUE(QTest::qWaitFor([&] { return graph.Current_Position() > 0.3; }, 3000)) << "played on";
     graph.Stop();
 }
 
