@@ -4,7 +4,8 @@
 # findings (crashes, leaks, time-outs over 1 s, undefined behaviour). A
 # finding's input is kept in build-fuzz/findings/<target>/; the inputs that
 # reached new code are kept in build-fuzz/corpus/<target>/ for the next run.
-# Exits 1 when anything was found.
+# Exits 1 when anything was found. With ORVANE_FUZZ_RUNS=N a target also
+# stops after N executions (whichever comes first).
 #   tools/fuzz.sh [SECONDS] [TARGET...]
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -27,6 +28,8 @@ export UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1"
 # Recording where each allocation was made costs a quarter of the speed; a
 # finding is replayed with its input for the whole report (see the README).
 export ASAN_OPTIONS="${ASAN_OPTIONS:-malloc_context_size=0}"
+runs=()
+[ -z "${ORVANE_FUZZ_RUNS:-}" ] || runs=(-runs="$ORVANE_FUZZ_RUNS")
 found=0
 summary=()
 for target in "${targets[@]}"; do
@@ -39,7 +42,7 @@ for target in "${targets[@]}"; do
   build-fuzz/bin/fuzz_"$target" "$corpus" build-fuzz/fuzz-seeds/"$target" \
     -dict=fuzz/dictionaries/"$(sed 's/playlist_.*/playlist/' <<<"$target")".dict \
     -max_total_time="$seconds" -timeout=1 -rss_limit_mb=2048 -max_len=16384 \
-    -artifact_prefix="$findings/" -print_final_stats=1 >"$log" 2>&1 || status=$?
+    -artifact_prefix="$findings/" -print_final_stats=1 "${runs[@]}" >"$log" 2>&1 || status=$?
   executions=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log" | tail -1)
   count=$(find "$findings" -type f | wc -l)
   [ "$status" -eq 0 ] || [ "$count" -gt 0 ] || count=1  # ended badly without leaving an input
