@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QImage>
+#include "ui/video_picture.h"
+
 #include <QObject>
 #include <atomic>
 #include <mutex>
@@ -16,7 +17,7 @@ public:
 
     // Any thread. Frames are made only while someone is listening.
     bool Wanted() const { return wanted_.load(); }
-    void Post(int pipeline_id, const QImage& frame);
+    void Post(int pipeline_id, Picture_Ref frame);
 
     // GUI thread.
     void Set_Wanted(bool wanted) { wanted_.store(wanted); }
@@ -24,14 +25,14 @@ public:
     void Set_Current_Pipeline(int pipeline_id);
 
 signals:
-    void Frame_Arrived(const QImage& frame);
+    void Frame_Arrived(const Picture_Ref& frame);
 
 private:
     void Deliver();
 
     std::atomic<bool> wanted_{false};
     std::mutex mutex_;
-    QImage pending_;
+    Picture_Ref pending_;
     int pending_pipeline_ = 0;
     bool delivery_queued_ = false;
     int current_pipeline_ = 0;

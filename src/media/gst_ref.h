@@ -104,6 +104,7 @@ using Bus_Ref = Gst_Ref<GstBus>;
 using Message_Ref = Gst_Ref<GstMessage>;
 using Caps_Ref = Gst_Ref<GstCaps>;
 using Sample_Ref = Gst_Ref<GstSample>;
+using Buffer_Ref = Gst_Ref<GstBuffer>;
 
 // Owned GLib values that are freed rather than counted.
 struct G_Free_Deleter {

@@ -2,17 +2,18 @@
 
 #include "media/gst_ref.h"
 
-#include <QImage>
 #include <QSize>
+#include <memory>
 
 namespace Orvane {
 
 class Frame_Mailbox;
+class Picture_Converter;
 
-// The video branch of a pipeline: colour conversion and scaling to the
-// picture's size in the pipeline (on the converter's own threads), into an
-// appsink (BGRx or RGBx) whose frames, prerolled or played, go to the mailbox
-// as images over the converted buffers themselves.
+// The video branch of a pipeline: scaling to the picture's size in the
+// pipeline (on the scaler's own threads), into an appsink whose frames,
+// prerolled or played, go to the mailbox as pictures holding the decoded
+// buffers themselves, in the decoder's pixel format.
 // The pipeline must be stopped (NULL) before this object goes.
 class Video_Frame_Sink {
 public:
@@ -29,12 +30,8 @@ public:
     // the video's own. GUI thread.
     void Set_Picture_Size(QSize pixels);
 
-    // The sample's picture, without a copy: an image over the mapped buffer,
-    // which stays mapped and referenced until the image's last copy goes
-    // (null when it cannot be mapped).
-    static QImage To_Image(GstSample* sample);
-
 private:
+    static GstPadProbeReturn On_Sink_Query(GstPad* pad, GstPadProbeInfo* info, gpointer unused);
     static GstFlowReturn On_Preroll(GstElement* sink, gpointer self);
     static GstFlowReturn On_Sample(GstElement* sink, gpointer self);
     void Deliver(Sample_Ref sample);
@@ -43,9 +40,11 @@ private:
     int pipeline_id_;
     Element_Ref branch_;
     Element_Ref app_sink_;
-    Element_Ref converter_;
+    Element_Ref scaler_;
     Element_Ref picture_filter_;
     QSize picture_size_;
+    // Shared by this branch's pictures, which may outlive it.
+    std::shared_ptr<Picture_Converter> converter_cache_;
 };
 
 } // namespace Orvane

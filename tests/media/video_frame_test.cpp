@@ -1,12 +1,13 @@
 // The picture painted is the decoded buffer itself: it must stay readable as
-// long as it is shown, whatever becomes of its pipeline, and keep showing
-// through resizes and exposes.
+// long as it is shown, whatever becomes of its pipeline, land in the right
+// place of the window's buffer, and keep showing through resizes and exposes.
 #include "media/gst_media_graph.h"
 #include "ui/video_widget.h"
 #include "support/generated_media.h"
 
 #include <gtest/gtest.h>
 
+#include <QBackingStore>
 #include <QTest>
 
 namespace Orvane {
@@ -29,9 +30,8 @@ protected:
     // Waits for a frame other than the one shown now.
     bool Next_Frame()
     {
-        const qint64 shown = widget_.Last_Frame().cacheKey();
-        return QTest::qWaitFor([&] { return widget_.Has_Frame() && widget_.Last_Frame().cacheKey() != shown; },
-                               3000);
+        const quint64 shown = widget_.Frames_Received();
+        return QTest::qWaitFor([&] { return widget_.Frames_Received() > shown; }, 3000);
     }
     QImage Painted() { return widget_.grab().toImage(); }
 };
@@ -77,14 +77,44 @@ TEST_F(Video_Frames, ScalingLeavesTheVideoSizeTheFilesOwn)
 
 TEST_F(Video_Frames, AFrameOfAnotherSizeIsStretchedOverTheWidget)
 {
-    widget_.resize(640, 360);
+    widget_.resize(320, 240);
     widget_.show();
-    QImage frame(320, 240, QImage::Format_RGB32);
-    frame.fill(Qt::black);
-    for (int y = 0; y < 240; ++y)
-        frame.setPixel(319, y, qRgb(255, 255, 255));  // the right-hand column
-    widget_.Show_Frame(frame);
-    EXPECT_GT(qGray(Painted().pixel(639, 180)), 150);
+    Open(Support::Media().Avi_One_Stream);
+    // Paused, no other frame comes to follow the new size.
+    widget_.resize(640, 480);
+    const QImage frame = widget_.Last_Frame();
+    ASSERT_EQ(frame.size(), QSize(320, 240));
+    const QImage painted = Painted();
+    // The pattern's right-hand (blue) bar reaches the widget's right edge.
+    EXPECT_NEAR(qBlue(painted.pixel(636, 8)), qBlue(frame.pixel(318, 4)), 24);
+    EXPECT_NEAR(qRed(painted.pixel(636, 8)), qRed(frame.pixel(318, 4)), 24);
+}
+
+TEST_F(Video_Frames, AFrameIsWrittenIntoItsOwnPlaceOfTheWindowsBuffer)
+{
+    QWidget window;
+    window.resize(400, 300);
+    QPalette magenta;
+    magenta.setColor(QPalette::Window, Qt::magenta);
+    window.setPalette(magenta);
+    window.setAutoFillBackground(true);
+    auto* video = new Video_Widget(&window);
+    video->setGeometry(30, 20, 320, 240);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    graph_.Set_Video_Widget(video);
+    ASSERT_TRUE(graph_.Open_Graph(Support::Media().Avi_One_Stream));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return video->Has_Frame(); }, 3000)) << "no prerolled picture";
+    window.repaint();
+    auto* buffer = dynamic_cast<QImage*>(window.backingStore()->paintDevice());
+    ASSERT_NE(buffer, nullptr) << "the platform's window buffer is not an image";
+    const qreal ratio = window.devicePixelRatioF();
+    const QImage area = buffer->copy(QRectF(30 * ratio, 20 * ratio, 320 * ratio, 240 * ratio).toRect());
+    const QImage frame = video->Last_Frame().scaled(area.size());
+    EXPECT_EQ(area.convertToFormat(QImage::Format_RGB32), frame.convertToFormat(QImage::Format_RGB32));
+    // Nothing is written left of the widget's first column or below its last row.
+    EXPECT_EQ(buffer->pixel(QPoint(29, 100) * ratio), qRgb(255, 0, 255));
+    EXPECT_EQ(buffer->pixel(QPoint(100, 261) * ratio), qRgb(255, 0, 255));
 }
 
 TEST_F(Video_Frames, APausedPictureSurvivesAnExpose)
