@@ -34,20 +34,6 @@ Video_Frame_Sink::Video_Frame_Sink(Frame_Mailbox& mailbox, int pipeline_id)
         return On_Sample(GST_ELEMENT(sink), self);
     };
     gst_app_sink_set_callbacks(GST_APP_SINK(app_sink_.get()), &callbacks, this, nullptr);
-    Pad_Ref sink_pad = Pad_Ref::Adopt(gst_element_get_static_pad(app_sink_.get(), "sink"));
-    gst_pad_add_probe(sink_pad.get(), GST_PAD_PROBE_TYPE_QUERY_DOWNSTREAM, &On_Sink_Query, nullptr, nullptr);
-}
-
-// Frames are read through their video meta (see Gst_Video_Picture), so a
-// decoder may hand over its own padded frames instead of copying each into
-// a packed buffer. Streaming thread.
-GstPadProbeReturn Video_Frame_Sink::On_Sink_Query(GstPad*, GstPadProbeInfo* info, gpointer)
-{
-    GstQuery* query = GST_PAD_PROBE_INFO_QUERY(info);
-    if (GST_QUERY_TYPE(query) == GST_QUERY_ALLOCATION
-        && !gst_query_find_allocation_meta(query, GST_VIDEO_META_API_TYPE, nullptr))
-        gst_query_add_allocation_meta(query, GST_VIDEO_META_API_TYPE, nullptr);
-    return GST_PAD_PROBE_OK;
 }
 
 Video_Frame_Sink::~Video_Frame_Sink()

@@ -31,7 +31,6 @@ public:
     void Set_Picture_Size(QSize pixels);
 
 private:
-    static GstPadProbeReturn On_Sink_Query(GstPad* pad, GstPadProbeInfo* info, gpointer unused);
     static GstFlowReturn On_Preroll(GstElement* sink, gpointer self);
     static GstFlowReturn On_Sample(GstElement* sink, gpointer self);
     void Deliver(Sample_Ref sample);
