@@ -56,7 +56,9 @@ bool Video_Widget::Paint_Into_Window_Buffer(QPainter& painter, const QRegion& re
     const QTransform& to_device = painter.deviceTransform();
     if (to_device.type() > QTransform::TxScale)
         return false;
-    const QRect area = to_device.mapRect(QRectF(rect())).toAlignedRect();
+    // The size the pipeline scales to, so that a frame is converted one to one
+    // even where a fractional scale factor rounds the widget's edges.
+    const QRect area(to_device.map(QPointF(0, 0)).toPoint(), Picture_Pixels());
     if (area.isEmpty() || !buffer->rect().contains(area))
         return false;
     // A view over the widget's rows of the buffer, not a copy.
