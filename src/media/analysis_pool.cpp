@@ -60,11 +60,9 @@ void Analysis_Pool::Analyse(const QString& path, Answer answer)
 
 void Analysis_Pool::Clear()
 {
+    // Their threads go on within their limit, and the pool's end still waits
+    // for them: a thread must not be inside GStreamer while the process ends.
     waiting_.clear();
-    for (const auto& [id, job] : running_) {
-        const std::lock_guard lock(link_->mutex);
-        link_->expected.erase(id);
-    }
     running_.clear();
 }
 
@@ -107,16 +105,16 @@ void Analysis_Pool::Start(Job job)
 
 void Analysis_Pool::Finish(quint64 id, const std::optional<Media_Analysis>& analysis)
 {
+    {
+        // Answered, or past its limit: a thread past its limit is no longer waited for.
+        const std::lock_guard lock(link_->mutex);
+        link_->expected.erase(id);
+    }
     const auto found = running_.find(id);
     if (found == running_.end())
         return;  // answered already, timed out or cleared
     const Answer answer = std::move(found->second.answer);
     running_.erase(found);
-    {
-        // A thread past its limit is no longer waited for.
-        const std::lock_guard lock(link_->mutex);
-        link_->expected.erase(id);
-    }
     Start_Waiting();
     answer(analysis);
 }

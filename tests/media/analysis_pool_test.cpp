@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QTest>
 #include <QThread>
+#include <atomic>
+#include <thread>
 
 namespace Orvane::Test {
 namespace {
@@ -81,6 +83,27 @@ TEST(Analysis_Pool, ClearedFilesNeverAnswer)
     EXPECT_TRUE(log.answers.isEmpty());
     EXPECT_EQ(pool.Running(), 0);
     EXPECT_EQ(pool.Waiting(), 0);
+}
+
+// A cancelled analysis is still inside GStreamer: ending the pool (and then
+// the program) must not leave it running there.
+TEST(Analysis_Pool, ItsEndWaitsForClearedAnalysesStillWithinTheirLimit)
+{
+    auto analyser = std::make_shared<Gated_Analyser>();
+    auto pool = std::make_unique<Analysis_Pool>(analyser);
+    pool->Analyse("running", [](const std::optional<Media_Analysis>&) {});
+    QTRY_COMPARE(analyser->Running(), 1);
+    pool->Clear();
+    std::atomic<bool> ending{false};
+    std::thread releaser([&] {
+        while (!ending.load())
+            std::this_thread::yield();
+        analyser->Release_All();
+    });
+    ending.store(true);
+    pool.reset();
+    EXPECT_EQ(analyser->Answered(), 1);
+    releaser.join();
 }
 
 } // namespace
