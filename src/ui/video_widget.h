@@ -19,7 +19,6 @@ public:
     explicit Video_Widget(QWidget* parent = nullptr);
 
     bool Has_Frame() const { return picture_ != nullptr; }
-    const Picture_Ref& Picture() const { return picture_; }
     // How many frames have arrived since the widget was made.
     quint64 Frames_Received() const { return frames_received_; }
     // The last frame at its own size (null when there is none).
