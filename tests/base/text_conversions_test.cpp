@@ -2,14 +2,16 @@
 #include "base/reader_error.h"
 #include "base/text_file.h"
 #include "base/time_text.h"
+#include "support/hostile_files.h"
 #include "support/temp_folder.h"
 
 #include <QDir>
 #include <QVariant>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <initializer_list>
-#include <utility>
+#include <tuple>
 
 namespace Orvane {
 namespace {
@@ -30,7 +32,7 @@ void Expect_Outcomes(Convert convert, std::initializer_list<std::pair<Input, con
     }
 }
 
-TEST(Numbers, ReadRoundedAndPrintedByTheReadersRules)
+TEST(Numbers_And_Times, ReadRoundedAndPrintedByTheReadersRules)
 {
     Expect_Outcomes<const char*>(Leading_Number, {{"  12abc", "12"}, {"\t-3.75 px", "-3.75"}, {".5", "0.5"},
         {"1e3x", "1000"}, {"2e", "2"}, {"1.2.3", "1.2"}, {"abc", "0"}, {"-", "0"}, {"1e400", "error 6"}});
@@ -42,10 +44,7 @@ TEST(Numbers, ReadRoundedAndPrintedByTheReadersRules)
                                              {-32768.0, "-32768"}, {32767.5, "error 6"}, {-32768.6, "error 6"}});
     Expect_Outcomes<double>(Printed_Number, {{12, " 12 "}, {-5, "-5 "}, {16777215, " 16777215 "},
                                              {-0.25, "-.25 "}, {1e20, " 1E+20 "}});
-}
-
-TEST(Time_Text, TwoDigitsEachRoundedHalfToEvenWithinTheDay)
-{
+    // Two digits each, rounded half to even, within the day.
     Expect_Outcomes<int>(Time_Text, {{3725, "01:02:05"}, {Seconds_Per_Day + 1, "00:00:01"}, {-1, "23:59:59"}});
     Expect_Outcomes<double>(Position_Text, {{2.5, "00:00:02"}, {3.5, "00:00:04"}, {32768.0, "error 6"}});
     Expect_Outcomes<const char*>([](const char* text) { return Parse_Time_Text(text).value_or(-1); },
@@ -82,17 +81,30 @@ TEST(Text_File_Reader, DecodesSplitsAndNumbersItsErrors)
         {"", {"62, Input past end of file"}}};
     for (const auto& [bytes, lines] : files)
         EXPECT_EQ(Read_All(folder.Write("file.txt", bytes)), lines) << bytes.toHex().toStdString();
-    EXPECT_EQ(Read_All(folder.File("missing.txt")), QStringList{"53, File not found"});
-    EXPECT_EQ(Read_All(folder.Path()), QStringList{"75, Path/File access error"});
 }
 
-// Its failures are those of Replace_File_Contents, tested with it.
-TEST(Write_Text_Lines, ReplacesTheWholeFileWithUtf8LinesEndedByCrLf)
+TEST(Text_File_Reader, RefusesWhatIsNotAnOrdinaryFileWithinTheBoundBeforeWaitingOrReading)
 {
-    Orvane::Test::Temp_Folder folder;
-    const QString path = folder.Write("out.txt", QByteArray(100, 'x'));
-    ASSERT_TRUE(Write_Text_Lines(path, {"é", ""}));
-    EXPECT_EQ(folder.Read("out.txt"), "\xC3\xA9\r\n\r\n");
+    using namespace Orvane::Test;
+    const QString access = "75, Path/File access error";
+    const std::tuple<const char*, std::function<bool(const QString&)>, QString> cases[] = {
+        {"nothing", [](const QString&) { return true; }, "53, File not found"},
+        {"a link to nothing", [](const QString& path) { return QFile::link("/no/such/file", path); },
+         "53, File not found"},
+        {"a folder", [](const QString& path) { return QDir().mkdir(path); }, access},
+        {"a named pipe nobody writes to", Make_Named_Pipe, access},
+        {"an endless device", Make_Device_Link, access},
+        {"one byte past the bound", [](const QString& path) { return Make_Sparse_File(path, Text_File_Size_Limit + 1); },
+         access},
+        {"exactly the bound", [](const QString& path) { return Make_Sparse_File(path, Text_File_Size_Limit); },
+         "62, Input past end of file"},  // read to its end
+    };
+    for (const auto& [what, make, last] : cases) {
+        SCOPED_TRACE(what);
+        Temp_Folder folder;
+        ASSERT_TRUE(make(folder.File("file.txt")));
+        EXPECT_EQ(Read_All(folder.File("file.txt")).last(), last);
+    }
 }
 
 } // namespace
