@@ -1,27 +1,29 @@
+// The subtitle file: read into the table, its lines laid out for the screen
+// (with the fast search for a line's size), and the entries found by time.
 #include "config/settings.h"
 #include "language/text_table.h"
+#include "subtitles/line_fit.h"
 #include "subtitles/subtitle_reader.h"
+#include "subtitles/subtitle_timing.h"
 #include "support/temp_folder.h"
 #include "ui/message_box.h"
 
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QScreen>
+
+#include <cmath>
+#include <functional>
+#include <tuple>
 
 namespace Orvane {
 namespace {
 
 constexpr int Screen_Width = 1280;
 const QString Cannot_Read = QStringLiteral("\nThis subtitle file could not be read:\n");
-
-int Bold_Width(const QString& line, int size)
-{
-    return QFontMetrics(QFont(QStringLiteral("DejaVu Sans"), size, QFont::Bold)).horizontalAdvance(line);
-}
 
 class Subtitle_Reader_Test : public testing::Test {
 protected:
@@ -37,10 +39,11 @@ protected:
         settings_.Subtitle_Font_Bold = true;
     }
 
-    bool Load(const QStringList& lines, int width = Screen_Width)
+    bool Load(const QStringList& lines)
     {
         recorder_.Clear();
-        return Load_Subtitles(folder_.Write("film.sub", lines.join("\r\n").toUtf8()), settings_, texts_, width, table_);
+        return Load_Subtitles(folder_.Write("film.sub", lines.join("\r\n").toUtf8()), settings_, texts_, Screen_Width,
+                              table_);
     }
 
     // The entries as "time line1/line2", then the header values.
@@ -106,13 +109,15 @@ TEST_F(Subtitle_Reader_Test, EachRefusalShowsItsTextInOneCriticalBox)
     EXPECT_EQ(recorder_.Last_Text(), "Shown" + Cannot_Read + "53, File not found");
 }
 
-TEST_F(Subtitle_Reader_Test, LinesAreCentredAndShrunkToTheLargestSizeThatFits)
+TEST_F(Subtitle_Reader_Test, LinesAreCentredAndShrunkDownToSevenPointsTheLaterLineDeciding)
 {
     const QString normal = QStringLiteral("The ferry leaves at nine."), wide = QString(400, u'W');
     ASSERT_TRUE(Load({"[BEGIN]", "", "[00:00:01]", normal, "[00:00:02]", wide + u'|' + normal, "[00:00:03]",
                       normal + u'|' + wide, "[END]"}));
-    const double normal_left = (Screen_Width - Bold_Width(normal, 20)) / 2.0;
-    const double wide_left = (Screen_Width - Bold_Width(wide, 7)) / 2.0;
+    const auto left_at = [](const QString& line, int size) {
+        return (Screen_Width - QFontMetrics(QFont("DejaVu Sans", size, QFont::Bold)).horizontalAdvance(line)) / 2.0;
+    };
+    const double normal_left = left_at(normal, 20), wide_left = left_at(wide, 7);
     ASSERT_LT(wide_left, 0);
     const auto& l = table_.Subtitle_Lines;
     // A line that fits keeps the settings' size; a far too wide one is drawn at 7 points past the screen's edges;
@@ -121,69 +126,84 @@ TEST_F(Subtitle_Reader_Test, LinesAreCentredAndShrunkToTheLargestSizeThatFits)
     for (const auto& [left, expected] : {std::pair(l[1].left1, normal_left), {l[2].left1, wide_left},
                                          {l[2].left2, normal_left}, {l[3].left2, wide_left}})
         EXPECT_NEAR(left, expected, 0.5);
-
-    const QString line = QStringLiteral("Tickets are sold at the kiosk by the harbour");
-    ASSERT_TRUE(Load({"[BEGIN]", "", "[00:00:01]", line, "[END]"}, Bold_Width(line, 14)));
-    EXPECT_EQ(table_.Subtitle_Lines[1].size, 14) << "the largest size that fits";
 }
 
-// A size far beyond any screen is first taken down to the largest the screen
-// shows, then each line shrinks as the one-point rule makes it.
-TEST_F(Subtitle_Reader_Test, AHugeSizeStartsAtTheScreensHeightAndShrinksAsTheRuleDoes)
+// A size far beyond any screen first comes down to the largest the screen
+// shows: an em as tall as the screen.
+TEST_F(Subtitle_Reader_Test, AHugeSizeStartsAtTheScreensHeight)
 {
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    ASSERT_NE(screen, nullptr);
     settings_.Subtitle_Font_Size = 5000;
-    const QStringList texts = {"Bienvenue dans Orvane|Welcome to Orvane", "Ce clip a deux pistes audio", "a"};
-    ASSERT_TRUE(Load({"[BEGIN]", "", "[00:00:01]", texts[0], "[00:00:04]", texts[1], "[00:00:07]", texts[2],
-                      "[END]"}));
-    const auto& l = table_.Subtitle_Lines;
-    ASSERT_EQ(l.size(), 5u);
-
-    // The short line fits at the largest size shown: an em as tall as the screen.
-    const int largest = l[3].size;
+    ASSERT_TRUE(Load({"[BEGIN]", "", "[00:00:01]", "a", "[END]"}));
     const auto em_pixels = [](int size) { return QFontInfo(QFont(QStringLiteral("DejaVu Sans"), size)).pixelSize(); };
-    EXPECT_LE(em_pixels(largest), screen->geometry().height());
-    EXPECT_GT(em_pixels(largest + 2), screen->geometry().height());
-
-    const auto one_point_rule = [largest](const QString& line) {
-        int size = largest;
-        while (Bold_Width(line, size) > Screen_Width && size >= 8)
-            --size;
-        return size;
-    };
-    EXPECT_EQ(l[1].size, one_point_rule("Welcome to Orvane"));
-    EXPECT_EQ(l[2].size, one_point_rule(texts[1]));
-    EXPECT_NEAR(l[2].left1, (Screen_Width - Bold_Width(texts[1], l[2].size)) / 2.0, 0.5);
+    const int screen_height = QGuiApplication::primaryScreen()->geometry().height();
+    EXPECT_LE(em_pixels(table_.Subtitle_Lines[1].size), screen_height);
+    EXPECT_GT(em_pixels(table_.Subtitle_Lines[1].size + 2), screen_height);
 }
 
-// Files written by other programs: each is read, or refused with one clear box.
-TEST_F(Subtitle_Reader_Test, SampleFilesAreReadOrRefusedClearly)
+// The rule as written: one point at a time.
+Fitted_Line One_Point_Rule(int size, int available_width, const std::function<int(int)>& width_at)
 {
-    const QDir corpus(QStringLiteral(ORVANE_SOURCE_DIR "/../shared/corpus"));
-    if (!corpus.exists())
-        GTEST_SKIP() << "no sample files beside the project";
-    for (const QString folder : {"subviewer1", "subviewer2"}) {
-        const QDir samples(corpus.filePath(folder));
-        const QStringList names = samples.entryList({QStringLiteral("*.sub")}, QDir::Files);
-        EXPECT_FALSE(names.isEmpty());
-        for (const QString& name : names) {
-            recorder_.Clear();
-            const bool read = Load_Subtitles(samples.filePath(name), settings_, texts_, Screen_Width, table_);
-            SCOPED_TRACE(name.toStdString() + ": " + recorder_.Last_Text().toStdString());
-            if (read) {
-                // The other ".sub" layout is never taken for this one.
-                EXPECT_EQ(folder, "subviewer1");
-                EXPECT_TRUE(recorder_.Boxes().empty());
-                EXPECT_GT(table_.Subtitle_Lines.size(), 1u);
-                continue;
+    while (width_at(size) > available_width && size >= 8)
+        --size;
+    return {size, width_at(size)};
+}
+
+// The fast search for a line's size against the rule it replaces, on width
+// rules of every shape (the reader's tests above run it on real fonts).
+TEST(Fit_Line, FindsTheSizeTheOnePointRuleReachesInAHandfulOfMeasurements)
+{
+    const std::pair<const char*, std::function<int(int)>> width_rules[] = {
+        {"proportional, wide", [](int size) { return 33 * size; }},
+        {"rounded glyph advances", [](int size) { return 12 * int(std::lround(size * 0.6)); }},
+        {"a large fixed margin", [](int size) { return 900 + 2 * size; }},
+        {"in steps of five points", [](int size) { return 40 * (size / 5); }},
+        {"growing faster than the size", [](int size) { return size * size / 4; }},
+        {"the same at every size", [](int) { return 700; }},
+    };
+    for (const auto& [what, width_at] : width_rules) {
+        for (const int available : {0, 1, 64, 640, 1280, 20000}) {
+            SCOPED_TRACE(std::string(what) + ", available width " + std::to_string(available));
+            for (int step = -2; step <= 401; ++step) {
+                const int start = step <= 400 ? step : 32767;  // every size up to 400, and the largest
+                int measurements = 0;
+                const Fitted_Line fast = Fit_Line(start, available, [&](int size) {
+                    ++measurements;
+                    return width_at(size);
+                });
+                const Fitted_Line slow = One_Point_Rule(start, available, width_at);
+                EXPECT_EQ(std::pair(fast.size, fast.width), std::pair(slow.size, slow.width)) << "from " << start;
+                // An estimate, doubling steps and halving: about twice log2 of the range.
+                EXPECT_LE(measurements, 34) << "from " << start;
+                if (HasFailure())
+                    return;  // one failing start says enough
             }
-            // A refusal names the file and says why, in one box.
-            ASSERT_EQ(recorder_.Boxes().size(), 1u);
-            EXPECT_TRUE(recorder_.Last_Text().startsWith(name + Cannot_Read));
-            EXPECT_FALSE(recorder_.Last_Text().endsWith(u'\n'));
         }
     }
+}
+
+TEST(Subtitle_Timing, FindsTheFirstEntryAtOrAfterTheTimeAndNeverTheClosingRecord)
+{
+    Subtitle_Table film;
+    film.Subtitle_Lines = {{}, {"00:00:10", "First", "", 0, 0, 0}, {"00:01:00", "Second", "two", 0, 0, 0},
+                           {"01:00:00", "Third", "", 0, 0, 0}, {"23:59:59", "Fin", "Fin", 0, 0, 0}};
+    const Subtitle_Delay_Choice none{}, five{true, 5}, five_off{false, 5};
+    const std::tuple<const char*, Subtitle_Delay_Choice, int> cases[] = {
+        {"00:00:00", none, 1}, {"00:00:10", none, 1}, {"00:00:11", none, 2}, {"00:59:59", none, 3},
+        {"0:1:0", none, 2}, {"9:00:00", none, 0},  // compared as times: "9:00:00" sorts first as text
+        {"01:00:01", none, 0}, {"23:59:59", none, 0}, {"Aucun", none, 0}, {"00:01:03", five, 2},
+        {"00:01:03", five_off, 3}, {"00:00:15", five, 1}, {"00:00:16", five, 2}, {"01:00:06", five, 0},
+    };
+    for (const auto& [time, delay, expected] : cases)
+        EXPECT_EQ(Find_Subtitle(film, time, delay), expected) << time;
+    EXPECT_EQ(Find_Subtitle(Subtitle_Table(), "00:00:00", none), 0) << "a refused file leaves no closing record";
+
+    const Subtitle_Delay_Choice minute{true, 60};  // the most the delay buttons reach
+    const std::tuple<int, Subtitle_Delay_Choice, const char*> starts[] = {
+        {2, five, "00:01:05"}, {2, five_off, "00:01:00"}, {1, minute, "00:01:10"}, {0, none, ""}, {5, none, ""}};
+    for (const auto& [entry, delay, start] : starts)
+        EXPECT_EQ(Subtitle_Start_Time(film, entry, delay), start) << entry;
+    EXPECT_EQ(QStringList({Subtitle_Line1(film, 2), Subtitle_Line2(film, 2), Subtitle_Line1(film, 5),
+                           Subtitle_Line2(film, -1)}), QStringList({"Second", "two", "", ""}));
 }
 
 } // namespace
