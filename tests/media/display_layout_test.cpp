@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace Orvane {
 namespace {
 
@@ -11,7 +13,7 @@ public:
     QRect display{1500, 1200, 4800, 3900};  // twips
     QRect video{0, 20, 320, 240};           // pixels
     bool top_pictures = true;
-    bool video_visible = true;
+    bool video_visible = false;
     QSize screen{1024 * 15, 768 * 15};
 
     QRect Display_Geometry() const override { return display; }
@@ -23,58 +25,29 @@ public:
     QSize Screen_Size() const override { return screen; }
 };
 
-TEST(Display_Layout, VideoAndAudioLayoutsSizeTheWindowAndCentreItRoundingHalfTwipsToEven)
+TEST(Display_Layout, TheWindowFitsThePictureWithinTheScreenCentredRoundingHalfTwipsToEven)
 {
-    Fake_Display host;
-    host.video_visible = false;
-    Show_Video_Layout(host, QSize(352, 288));
-    EXPECT_EQ(host.video, QRect(0, 20, 352, 288));
-    EXPECT_TRUE(host.video_visible);
-    EXPECT_EQ(host.display, QRect((15360 - 5280) / 2, (11520 - 4620) / 2, 352 * 15, 288 * 15 + 300));
-
-    host.top_pictures = false;
-    Show_Audio_Layout(host);
-    EXPECT_EQ(host.display, QRect((15360 - 5250) / 2, (11520 - 4200) / 2, 5250, 4200));
-    EXPECT_TRUE(host.top_pictures);
-    EXPECT_FALSE(host.video_visible);
-
-    host.display = QRect(0, 0, 4815, 4801);  // odd differences: half twips
-    Center_Display(host);
-    EXPECT_EQ(host.display.topLeft(), QPoint(5272, 3360));  // 5272.5 -> 5272, 3359.5 -> 3360
-}
-
-TEST(Display_Layout, APictureLargerThanTheScreenIsScaledDownKeepingItsShape)
-{
-    struct Case {
-        QSize picture;  // pixels, as the file claims
-        QSize shown;    // pixels, on a 1024 x 768 screen: 748 px below the 20 px top bar
+    // On a 1024 x 768 px screen (15360 x 11520 twips): 748 px below the 20 px top bar.
+    const std::tuple<QSize, QSize, QRect> cases[] = {  // picture as the file claims, shown (px), window (twips)
+        {{352, 288}, {352, 288}, {5040, 3450, 5280, 4620}},
+        {{1024, 748}, {1024, 748}, {0, 0, 15360, 11520}},     // exactly the room there is
+        {{335, 4100}, {61, 748}, {7222, 0, 915, 11520}},      // far too tall: 61.1 px; 7222.5 -> 7222
+        {{4000, 1000}, {1024, 256}, {0, 3690, 15360, 4140}},  // far too wide
+        {{1025, 748}, {1024, 747}, {0, 8, 15360, 11505}},     // one pixel too wide: 747.27; 7.5 -> 8
     };
-    const Case cases[] = {
-        {{352, 288}, {352, 288}},     // fits: as it is
-        {{1024, 748}, {1024, 748}},   // exactly the room there is
-        {{335, 4100}, {61, 748}},     // far too tall: 335 x 748 / 4100 = 61.1
-        {{4000, 1000}, {1024, 256}},  // far too wide
-        {{1025, 748}, {1024, 747}},   // one pixel too wide: 747.27
-        {{2048, 1496}, {1024, 748}},  // twice the room in both directions
-    };
-    for (const Case& test : cases) {
-        SCOPED_TRACE(testing::Message() << test.picture.width() << "x" << test.picture.height());
+    for (const auto& [picture, shown, window] : cases) {
+        SCOPED_TRACE(testing::Message() << picture.width() << "x" << picture.height());
         Fake_Display host;
-        Show_Video_Layout(host, test.picture);
-        EXPECT_EQ(host.video, QRect(QPoint(0, 20), test.shown));
-        EXPECT_EQ(host.display.size(), QSize(test.shown.width() * 15, test.shown.height() * 15 + 300));
-        EXPECT_TRUE(QRect(QPoint(0, 0), host.screen).contains(host.display));
+        Show_Video_Layout(host, picture);
+        EXPECT_EQ(host.video, QRect(QPoint(0, 20), shown));
+        EXPECT_EQ(host.display, window);
+        EXPECT_TRUE(host.video_visible);
     }
 }
 
-TEST(Display_Layout, FullScreenFillsTheWidthKeepsTheFourPixelReductionAndRoundsToEven)
+TEST(Display_Layout, FullScreenFillsTheWidthKeepsTheFourPixelReductionRoundsToEvenAndLeavesToTheSavedPlace)
 {
-    struct Case {
-        QSize screen;   // pixels
-        QSize picture;  // pixels
-        QRect video;    // pixels, in full screen
-    };
-    const Case cases[] = {
+    const std::tuple<QSize, QSize, QRect> cases[] = {  // screen, picture, video in full screen (pixels)
         {{1024, 768}, {320, 240}, {0, 2, 1024, 764}},      // 4:3: 768 - 4 high, top (768 - 764) / 2
         {{1366, 768}, {720, 404}, {0, 3, 1366, 762}},      // 762.48 -> 762
         {{1366, 768}, {1280, 720}, {0, 2, 1366, 764}},     // 768.375 - 4 -> 764
@@ -82,35 +55,26 @@ TEST(Display_Layout, FullScreenFillsTheWidthKeepsTheFourPixelReductionAndRoundsT
         {{1024, 768}, {352, 288}, {0, -33, 1024, 834}},    // 833.8 -> 834
         {{1024, 768}, {0, 0}, {0, 2, 1024, 764}},          // no picture size: the screen's shape
     };
-    for (const Case& test : cases) {
-        SCOPED_TRACE(testing::Message() << test.picture.width() << "x" << test.picture.height() << " on "
-                                        << test.screen.width() << "x" << test.screen.height());
+    for (const auto& [screen, picture, video] : cases) {
+        SCOPED_TRACE(testing::Message() << "picture " << picture.width() << " on screen " << screen.width());
         Fake_Display host;
-        host.screen = test.screen * 15;
-        Show_Video_Layout(host, test.picture);
+        host.screen = screen * 15;
+        Show_Video_Layout(host, picture);
+        const Fake_Display before = host;
         Full_Screen_Memory memory;
         bool full_screen = false;
         Enter_Full_Screen(host, memory, full_screen);
         EXPECT_TRUE(full_screen);
         EXPECT_FALSE(host.top_pictures);
-        EXPECT_EQ(host.display, QRect(QPoint(0, 0), test.screen * 15));
-        EXPECT_EQ(host.video, test.video);
-    }
-}
+        EXPECT_EQ(host.display, QRect(QPoint(0, 0), screen * 15));
+        EXPECT_EQ(host.video, video);
 
-TEST(Display_Layout, LeavingFullScreenRestoresTheSavedPlaceAndSize)
-{
-    Fake_Display host;
-    Show_Video_Layout(host, QSize(320, 240));
-    const QRect before = host.display;
-    Full_Screen_Memory memory;
-    bool full_screen = false;
-    Enter_Full_Screen(host, memory, full_screen);
-    Leave_Full_Screen(host, memory, full_screen);
-    EXPECT_FALSE(full_screen);
-    EXPECT_TRUE(host.top_pictures);
-    EXPECT_EQ(host.video, QRect(0, 20, 320, 240));
-    EXPECT_EQ(host.display, before);
+        Leave_Full_Screen(host, memory, full_screen);
+        EXPECT_FALSE(full_screen);
+        EXPECT_TRUE(host.top_pictures);
+        EXPECT_EQ(host.video, before.video);
+        EXPECT_EQ(host.display, before.display);
+    }
 }
 
 TEST(Display_Layout, ReapplyingFullScreenFollowsTheNewTrackOnlyWhenTheFlagIsSet)
@@ -121,7 +85,6 @@ TEST(Display_Layout, ReapplyingFullScreenFollowsTheNewTrackOnlyWhenTheFlagIsSet)
     layout.Video_Layout(QSize(320, 240));
     layout.Reapply_Full_Screen(true);
     EXPECT_FALSE(full_screen);
-    EXPECT_EQ(host.video, QRect(0, 20, 320, 240));
 
     layout.Enter_Full_Screen();
     // The next track is laid out in its own size first, then full screen again,
@@ -131,14 +94,16 @@ TEST(Display_Layout, ReapplyingFullScreenFollowsTheNewTrackOnlyWhenTheFlagIsSet)
     layout.Reapply_Full_Screen(true);
     EXPECT_TRUE(full_screen);
     EXPECT_EQ(host.display, QRect(0, 0, 15360, 11520));
-    EXPECT_EQ(layout.Memory().Saved_Video_Width, 352);
-    EXPECT_EQ(layout.Memory().Saved_Display_Top, centred.top());
+    layout.Leave_Full_Screen();
+    EXPECT_EQ(host.display, centred);
 
-    // A track without a picture takes the audio layout; the flag stays.
+    // A track without a picture takes the audio layout, centred; the flag stays.
+    layout.Enter_Full_Screen();
     layout.Reapply_Full_Screen(false);
     EXPECT_TRUE(full_screen);
-    EXPECT_EQ(host.display.size(), QSize(5250, 4200));
+    EXPECT_EQ(host.display, QRect((15360 - 5250) / 2, (11520 - 4200) / 2, 5250, 4200));
     EXPECT_TRUE(host.top_pictures);
+    EXPECT_FALSE(host.video_visible);
 }
 
 } // namespace
