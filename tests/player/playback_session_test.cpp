@@ -1,3 +1,5 @@
+// The session's decisions on a graph that plays nothing: what is opened, in which order, what is heard
+// and what happens at a track's end. The session on real media is the program's tests' concern.
 #include "player_fixture.h"
 
 namespace Orvane::Test {
@@ -9,7 +11,6 @@ TEST_F(Playback_Session_Test, PlayTrackOpensPreparesAndPlaysInOrder)
     tracks = {Audio_Track("Song"), Video_Track("Film", 2)};
     tracks[1].Subtitle_Path = Subtitle_File();
     state.Full_Screen = true;
-    state.Volume_Level = 3;
     Start(1);
     state.Current_Track = 2;
     session.Play_Track();
@@ -27,7 +28,8 @@ TEST_F(Playback_Session_Test, PlayTrackOpensPreparesAndPlaysInOrder)
     EXPECT_EQ(journal.Only({"Video_Layout", "Audio_Layout", "Record", "Reapply"}), QStringList({"Audio_Layout"}));
 }
 
-TEST_F(Playback_Session_Test, DiscChangeQuestionCancelledLeavesNoMedia)
+// The second disc of a two-disc film is read from the first drive once the user has changed the disc.
+TEST_F(Playback_Session_Test, TheDiscChangeQuestionCancelledLeavesNoMedia)
 {
     tracks = {Video_Track("Part2", 1)};
     tracks[0].Disc_Change = true;
@@ -42,27 +44,7 @@ TEST_F(Playback_Session_Test, DiscChangeQuestionCancelledLeavesNoMedia)
     EXPECT_TRUE(graph.running);
 }
 
-TEST_F(Playback_Session_Test, GraphFailuresAreReportedAndLeaveNoMedia)
-{
-    tracks = {Video_Track("A", 1)};
-    Start(1);
-    session.Play_Track();
-    emit graph.Error_Occurred(graph.pipeline_id - 1, "late error of a closed pipeline");
-    EXPECT_TRUE(boxes.Boxes().empty());
-    emit graph.Error_Occurred(graph.pipeline_id, "Internal data stream error");
-    EXPECT_EQ(boxes.Last_Text(), "Internal data stream error");
-    EXPECT_FALSE(graph.open);
-    EXPECT_FALSE(session.Timer().isActive());
-    graph.open_failure = "No decoder for A.avi";
-    journal.Clear();
-    session.Play_Track();
-    EXPECT_EQ(boxes.Last_Text(), "No decoder for A.avi");
-    EXPECT_EQ(boxes.Boxes().back().style, Box_Style::Critical_Ok);
-    EXPECT_FALSE(journal.calls.contains("Run"));
-    EXPECT_FALSE(state.Is_Playing);
-}
-
-TEST_F(Playback_Session_Test, NextAndPrevious)
+TEST_F(Playback_Session_Test, NextAndPreviousStopAtTheEndsAndAlwaysRestartTheSubtitleSearch)
 {
     tracks = {Video_Track("A", 2), Video_Track("B", 1)};
     Start(2);
@@ -80,11 +62,13 @@ TEST_F(Playback_Session_Test, NextAndPrevious)
     EXPECT_EQ(Menu_Text(view), "-,-");
 }
 
-TEST_F(Playback_Session_Test, AudioChoiceKeptUpToTwiceTheStreamCount)
+// The bound is twice the stream count, not streams plus associated files: 4 is kept on a track of two
+// streams and one file, though it names no file there.
+TEST_F(Playback_Session_Test, TheAudioChoiceIsKeptUpToTwiceTheStreamCount)
 {
     tracks = {Video_Track("Film", 2, {"English"})};
     state.Current_Track = 1;
-    const std::tuple<int, int, QString> cases[] = {  // choice, choice kept (4 names no file here), what is heard
+    const std::tuple<int, int, QString> cases[] = {  // choice, choice kept, what is heard
         {4, 4, ""}, {5, 1, "Connect_Audio_Stream(1)"}, {0, 1, "Connect_Audio_Stream(1)"},
         {2, 2, "Connect_Audio_Stream(2)"}, {3, 3, "Render_Associated_Audio(/media/English.wav)"}};
     for (const auto& [choice, kept, heard] : cases) {
@@ -101,38 +85,36 @@ TEST_F(Playback_Session_Test, AudioChoiceKeptUpToTwiceTheStreamCount)
     EXPECT_TRUE(graph.running) << "the picture goes on";
 }
 
-TEST_F(Playback_Session_Test, TickPauseAndTheEndOfTheOnlyTrack)
+TEST_F(Playback_Session_Test, TickPauseAndTheEndOfTheLastTrackWithAndWithoutRepeat)
 {
-    tracks = {Video_Track("A", 1)};
-    Start(1);
+    tracks = {Video_Track("A", 1), Video_Track("B", 2)};
+    Start(2);
     graph.position = 30.6;
     session.Tick();
     EXPECT_EQ(view.Cursor_Left(), 158);
     EXPECT_EQ(view.Time_Text(), "00:00:31");
     session.Pause();
-    session.Tick();
-    EXPECT_EQ(view.Time_Text(), "00:00:31");
     state.Time_Mode = 2;
     graph.position = 15.5;  // 44.5 s remain: halves to the even neighbour
     session.Tick();
     EXPECT_EQ(view.Time_Text(), "00:00:44");
     EXPECT_TRUE(session.Timer().isActive()) << "pausing keeps the timer";
+    graph.duration = 0.0;
+    session.Tick();
+    EXPECT_EQ(view.Time_Text(), "00:00:00") << "nothing remains while the graph does not know its length";
+    graph.duration = 60.0;
     state.Subtitles_Shown = true;
     journal.Clear();
     graph.position = 60.0;
     session.Tick();  // repeat off: stopped at the start
     EXPECT_FALSE(session.Timer().isActive());
-    EXPECT_EQ(graph.position, 0.0);
-    EXPECT_EQ(view.Cursor_Left(), 0);
-    EXPECT_EQ(view.Time_Text(), "00:00:00");
+    EXPECT_EQ(QStringList({QString::number(graph.position), QString::number(view.Cursor_Left()), view.Time_Text()}),
+              QStringList({"0", "0", "00:00:00"}));
     EXPECT_EQ(journal.Only({"Show", "Stop"}), QStringList({"Show_Subtitle(|,1)", "Stop"}));
-}
 
-TEST_F(Playback_Session_Test, Repeat_Plays_Track_1_After_Clearing_The_Last_Tracks_Menus)
-{
-    tracks = {Video_Track("A", 1), Video_Track("B", 2)};
-    Start(2);
+    // Repeat on: track 1, after clearing the last track's menus.
     settings.Playlist_Repeat = true;
+    session.Play_Track();
     state.Next_Subtitle_Time = "00:00:10";
     graph.position = 60.0;
     session.Tick();
@@ -141,34 +123,7 @@ TEST_F(Playback_Session_Test, Repeat_Plays_Track_1_After_Clearing_The_Last_Track
     EXPECT_EQ(state.Next_Subtitle_Time, "Aucun");
 }
 
-TEST_F(Playback_Session_Test, TheEndOfTheStreamStandsForTheStoredDuration)
-{
-    struct Case {
-        const char* name;
-        double position;
-        bool end_reached;
-        QString opened_after;
-    };
-    const Case cases[] = {  // the stored duration (90 s) is longer than the media
-        {"the stored duration reached", 90.0, false, "/media/B.avi"},
-        {"the pipeline ended before the stored duration", 41.0, true, "/media/B.avi"},
-        {"the pipeline ended at its own shorter length", 89.9, true, "/media/B.avi"},
-        {"short of the stored duration without an end", 89.9, false, "/media/A.avi"},
-    };
-    for (const Case& test : cases) {
-        SCOPED_TRACE(test.name);
-        tracks = {Video_Track("A", 1), Video_Track("B", 1)};
-        tracks[0].Duration = 90.0;
-        Start(1);
-        view.Set_Time_Text("--");
-        graph.position = test.position;
-        graph.end_reached = test.end_reached;
-        session.Tick();
-        EXPECT_EQ(graph.opened_path, test.opened_after);
-        EXPECT_EQ(view.Time_Text() == "--", test.opened_after.endsWith("B.avi")) << "the end writes no time";
-    }
-}
-
+// Texts are compared, not times: a line is due on the tick whose shown time text equals its start.
 TEST_F(Playback_Session_Test, SubtitleLinesAppearWhenTheShownTextEqualsTheirStart)
 {
     tracks = {Video_Track("Film", 1)};
@@ -189,6 +144,93 @@ TEST_F(Playback_Session_Test, SubtitleLinesAppearWhenTheShownTextEqualsTheirStar
     EXPECT_EQ(state.Next_Subtitle_Time, "Aucun");
     state.Time_Mode = 2;
     EXPECT_EQ(shown_at(55.0), "Hello|World") << "remaining mode compares the remaining time";
+}
+
+// The audio popup of the current track and the switches it makes.
+class Audio_Menus_Test : public Player_Fixture {
+protected:
+    // A film with n streams and the named associated files, playing at 42 s with the given choice.
+    void Play_Film(int streams, const QStringList& associated, int choice)
+    {
+        tracks = {Video_Track("Film", streams, associated)};
+        state.Audio_Choice = Audio_Choice::From_Number(choice);
+        Start(1);
+        graph.position = 42.0;
+    }
+    // The calls that change the sound, in order.
+    QStringList Sound_Calls() const
+    {
+        return journal.Only({"Save", "Stop", "Drop", "Open", "Reapply", "Record", "Disconnect", "Restore", "Connect",
+                             "Render", "Run"});
+    }
+    Audio_Menus& menus() { return session.Menus(); }
+};
+
+TEST_F(Audio_Menus_Test, BuiltWithTheChoiceHeardCheckedAndCleared)
+{
+    const std::tuple<int, QStringList, int, QString> cases[] = {
+        {2, {"English"}, 2, "-,Stream audio 1,Stream audio 2*,-,English,-"},
+        {2, {"English"}, 3, "-,Stream audio 1,Stream audio 2,-,English*,-"},
+        {0, {"French", "English"}, 1, "-,French*,English,-"}};
+    for (const auto& [streams, associated, choice, menu] : cases) {
+        Play_Film(streams, associated, choice);
+        EXPECT_EQ(Menu_Text(view), menu);
+        menus().Clear_Audio_Menus(1);
+        EXPECT_EQ(Menu_Text(view), "-,-");
+        EXPECT_EQ(view.Stream_Entry_Count() + view.Associated_Entry_Count(), 2);
+    }
+    tracks = {Audio_Track("Song", {"Karaoke"})};
+    Start(1);
+    EXPECT_EQ(Menu_Text(view), "-,-") << "no menus without a picture";
+}
+
+TEST_F(Audio_Menus_Test, StreamToStreamReconnectsWhereTheGraphStopped)
+{
+    Play_Film(2, {"English"}, 2);
+    menus().Choose_Stream(2);  // the entry checked: nothing
+    menus().Choose_Stream(1);
+    EXPECT_EQ(Sound_Calls(), QStringList({"Disconnect_Audio_Stream(2)", "Connect_Audio_Stream(1)", "Run"}));
+    EXPECT_EQ(graph.position, 42.0);
+    EXPECT_EQ(Menu_Text(view), "-,Stream audio 1*,Stream audio 2,-,English,-");
+    EXPECT_EQ(view.Lbl_Affichage_ML()->text(), "1102 English1");
+}
+
+// The associated file leaves the running graph; only a graph that cannot drop it is opened again.
+// The steps the user sees are the same.
+TEST_F(Audio_Menus_Test, LeavingAnAssociatedFileForAStreamKeepsThePlaceInPlaceOrReopened)
+{
+    for (const bool in_place : {true, false}) {
+        Play_Film(2, {"English"}, 3);
+        graph.drop_in_place = in_place;
+        state.Full_Screen = true;
+        menus().Choose_Associated(1);  // the entry checked: nothing
+        menus().Choose_Stream(2);
+        QStringList expected{"Save_Position", "Stop", "Drop_Associated_Audio", "Reapply_Full_Screen(true)",
+                             "Record_Audio_Pins(true,2)", "Disconnect_Audio_Streams(true,2)", "Restore_Position",
+                             "Connect_Audio_Stream(2)", "Run"};
+        if (!in_place)
+            expected.insert(3, "Open_Graph(/media/Film.avi)");
+        EXPECT_EQ(Sound_Calls(), expected) << "in place: " << in_place;
+        EXPECT_EQ(graph.position, 42.0);
+        EXPECT_EQ(Menu_Text(view), "-,Stream audio 1,Stream audio 2*,-,English,-");
+    }
+    // A graph that can be opened no more (the disc removed) leaves no media, with one word.
+    menus().Choose_Associated(1);
+    graph.open_failure = "disc removed";
+    journal.Clear();
+    menus().Choose_Stream(1);
+    EXPECT_EQ(boxes.Last_Text(), "disc removed");
+    EXPECT_FALSE(graph.open);
+    EXPECT_FALSE(journal.calls.contains("Run"));
+}
+
+TEST_F(Audio_Menus_Test, OneAssociatedFileForAnotherLeavesInPlaceBeforeTheNextIsRendered)
+{
+    Play_Film(0, {"French", "English"}, 1);
+    menus().Choose_Associated(2);
+    EXPECT_EQ(Sound_Calls(), QStringList({"Save_Position", "Stop", "Drop_Associated_Audio",
+                                          "Render_Associated_Audio(/media/English.wav)", "Restore_Position", "Run"}));
+    EXPECT_EQ(Menu_Text(view), "-,French,English*,-");
 }
 
 } // namespace Orvane::Test
