@@ -2,7 +2,7 @@
 
 #include "app/program.h"
 #include "player/frm_player.h"
-#include "shipped_files.h"
+#include "player/unroll.h"
 #include "support/generated_media.h"
 #include "support/playlist_text.h"
 #include "support/temp_folder.h"
@@ -11,9 +11,19 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QTest>
 
 namespace Orvane::Test {
+
+// Makes folder a portable program folder: the shipped language file beside a
+// copy of the first orvan.ini that the program may rewrite.
+inline void Copy_Shipped_Files(const Temp_Folder& folder)
+{
+    QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/Lang.ini"), folder.File("Lang.ini"));
+    QFile::copy(QStringLiteral(ORVANE_SOURCE_DIR "/resources/orvan.ini"), folder.File("orvan.ini"));
+    QFile::setPermissions(folder.File("orvan.ini"), QFile::ReadOwner | QFile::WriteOwner);
+}
 
 // The whole program in a portable folder of the shipped files, with the
 // message boxes recorded instead of shown.
@@ -25,14 +35,17 @@ protected:
         Copy_Shipped_Files(folder);
     }
 
-    // Starts and waits for the player window to unroll.
+    // Starts and waits for the player window to unroll; the command line is
+    // read on its last tick, which stops its timer. With a file and a switch,
+    // waits for it to play.
     static void Start_Unrolled(Program& program, const QStringList& arguments)
     {
         ASSERT_TRUE(program.Start(arguments));
-        ASSERT_TRUE(QTest::qWaitFor([&] { return program.Player_Window().height() == 260; }, 5000));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !program.Unroll().Timer_Display().isActive(); }, 5000));
+        if (arguments.size() > 1) {
+            ASSERT_TRUE(QTest::qWaitFor([&] { return program.State().Is_Playing; }, 8000));
+        }
     }
-    // The volume line of the orvan.ini in folder, as written at quitting.
-    QByteArray Saved_Volume_Line() const { return folder.Read("orvan.ini").split('\n').value(27); }
     std::string Last_Box() const { return boxes.Last_Text().toStdString(); }
 
     Temp_Folder folder;

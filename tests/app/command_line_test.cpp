@@ -1,8 +1,11 @@
+// The command line: which action each asks for, and `orvane --check`, which
+// reads a file with the program's own reader and prints what it understood
+// or the box it would show.
 #include "app/check_media_files.h"
-#include "config/config_file.h"
+#include "app/command_options.h"
 #include "language/text_table.h"
+#include "support/hostile_files.h"
 #include "support/temp_folder.h"
-#include "ui/message_box.h"
 
 #include <QFile>
 #include <QProcess>
@@ -15,7 +18,52 @@ static void PrintTo(const QString& text, std::ostream* out) { *out << '"' << tex
 namespace Orvane {
 namespace {
 
+using Action = Command_Options::Action;
+
+Command_Options Parse(const QStringList& arguments)
+{
+    return Parse_Command_Options(QStringList{"/usr/bin/orvane"} + arguments);
+}
+
+TEST(Command_Options, EachCommandLineAsksForOneAction)
+{
+    const std::pair<QStringList, QStringList> starts[] = {  // the arguments, what the player reads of them
+        {{}, {}},
+        {{"film.avi", "/play"}, {"film.avi", "/play"}},
+        // An absolute FILE begins with "/" too: the first one is the file.
+        {{"/home/me/film.avi", "/"}, {"/home/me/film.avi", "/"}},
+        {{"--play", "list.orx"}, {"list.orx", "--play"}},
+        {{"-platform", "offscreen", "film.avi"}, {"film.avi"}},
+        {{"--", "-odd name.avi"}, {"-odd name.avi"}},
+        {{"--new-window", "film.avi", "/play"}, {"film.avi", "/play"}},
+    };
+    for (const auto& [arguments, player_arguments] : starts) {
+        SCOPED_TRACE(arguments.join(u' ').toStdString());
+        const Command_Options options = Parse(arguments);
+        ASSERT_EQ(options.What, Action::Start_Player);
+        EXPECT_EQ(options.Player_Arguments, player_arguments);
+        EXPECT_EQ(options.New_Window, arguments.contains("--new-window"));
+    }
+    EXPECT_EQ(Parse({"-h"}).What, Action::Show_Help);
+    EXPECT_EQ(Parse({"film.avi", "--help"}).What, Action::Show_Help);
+    EXPECT_EQ(Parse({"-v"}).What, Action::Show_Version);
+    const Command_Options check = Parse({"--check", "--language", "English", "/etc/Lang.ini"});
+    EXPECT_EQ(check.What, Action::Check_File);
+    EXPECT_EQ(check.Check_File, "/etc/Lang.ini");
+    EXPECT_EQ(check.Check_Language, QStringLiteral("English"));
+
+    for (const QStringList& refused : {QStringList{"--no-such-option"}, {"film.avi", "-x"}, {"--check"},
+                                       {"--check", "a.sub", "b.sub"}, {"--check", "a.sub", "--play"},
+                                       {"--check", "a.sub", "--new-window"}, {"--language", "English"},
+                                       {"--check", "Lang.ini", "--language"}}) {
+        SCOPED_TRACE(refused.join(u' ').toStdString());
+        EXPECT_EQ(Parse(refused).What, Action::Refuse);
+        EXPECT_FALSE(Parse(refused).Text.isEmpty());
+    }
+}
+
 const QString Resources = QStringLiteral(ORVANE_SOURCE_DIR "/resources/");
+const QString Access_Error = QStringLiteral("75, Path/File access error");
 
 QByteArray Crlf_Lines(const QStringList& lines) { return (lines.join("\r\n") + "\r\n").toUtf8(); }
 
@@ -41,13 +89,6 @@ TEST(Check_Command, ShippedFilesAreAccepted)
     EXPECT_EQ(lines.mid(0, 5),
               (QStringList{"OK", "languages: Français;English", "column: 2", "0001 Open", "0002 Play"}));
     EXPECT_EQ(lines.value(lines.size() - 1), "9999 ");  // the last line is never found
-    // Without --language: the language of the configuration beside the program.
-    Message_Box_Recorder boxes;
-    Settings settings;
-    Text_Table texts;
-    Read_Config(ORVANE_BINARY_DIR, settings, texts);
-    EXPECT_EQ(Run_Orvane_Check({Resources + "Lang.ini"}).second.value(2),
-              QStringLiteral("column: %1").arg(texts.Language_Column()));
 }
 
 TEST(Check_Command, RefusalsPrintTheBoxOnOneLine)
@@ -60,9 +101,23 @@ TEST(Check_Command, RefusalsPrintTheBoxOnOneLine)
     const QString box = texts.Get_Text(1010) + " / " + texts.Get_Text(1007) + " / " + texts.Get_Text(1008)
         + "13, Type mismatch / " + texts.Get_Text(1009) + " / " + texts.Get_Text(1009);
     EXPECT_EQ(Run_Orvane_Check({folder.File("damaged.ini")}), std::pair(1, QStringList{"ERROR: " + box}));
-
     EXPECT_EQ(Run_Orvane_Check({folder.File("Lang.ini")}), std::pair(1, QStringList{"ERROR:"}));  // no box
     EXPECT_EQ(Run_Orvane_Check({"notes.txt"}).first, 2);
+
+    // Every reader refuses a pipe, which would hang one that waits on it, with
+    // the access error (the language file without a box).
+    for (const QString name : {"orvan.ini", "Lang.ini", "x.sub", "x.m3u", "x.orx"}) {
+        SCOPED_TRACE(name.toStdString());
+        Orvane::Test::Temp_Folder pipes;
+        ASSERT_TRUE(Orvane::Test::Make_Named_Pipe(pipes.File(name)));
+        const auto [status, lines] = Run_Orvane_Check({pipes.File(name)});
+        EXPECT_EQ(status, 1);
+        if (name == "Lang.ini")
+            EXPECT_EQ(lines, QStringList{"ERROR:"});
+        else
+            EXPECT_TRUE(lines.size() == 1 && lines[0].startsWith("ERROR:") && lines[0].contains(Access_Error))
+                << lines.join(u'\n').toStdString();
+    }
 }
 
 // The subtitle and playlist checks, with a program folder of their own.
@@ -81,7 +136,7 @@ protected:
 
     // The status and the printed text of a check of a file of these lines.
     std::pair<int, QString> Check(int (*check)(const QString&, QTextStream&, const QString&), const QString& name,
-                                  const QStringList& lines)
+                                  const QStringList& lines) const
     {
         QString text;
         QTextStream out(&text);
@@ -94,7 +149,7 @@ protected:
     Orvane::Test::Temp_Folder files_;
 };
 
-TEST_F(Check_Media_Files_Test, SubtitleFilePrintsItsHeaderAndEntriesOrTheBox)
+TEST_F(Check_Media_Files_Test, SubtitleAndPlaylistFilesPrintWhatTheReaderUnderstoodOrTheBox)
 {
     EXPECT_EQ(Check(Check_Subtitle_File, "film.sub", {"[TITLE]", "Harbour walk", "[AUTHOR]", "Jane", "[DELAY]", "5",
                   "[CD TRACK]", "1", "[BEGIN]", "", "[00:00:02]", "Hello|World", "[00:00:06]", "One line", "[END]"}),
@@ -103,13 +158,8 @@ TEST_F(Check_Media_Files_Test, SubtitleFilePrintsItsHeaderAndEntriesOrTheBox)
     EXPECT_EQ(Check(Check_Subtitle_File, "film.sub", {"[TITLE]", "No body"}),
               std::pair(1, QString("ERROR: film.sub / This subtitle file could not be read: / 62, Input past end of "
                                    "file\n")));
-    // Without its configuration the program cannot read anything.
-    QFile::remove(program_.File("orvan.ini"));
-    EXPECT_TRUE(Check(Check_Subtitle_File, "film.sub", {"[BEGIN]", "", "[END]"}).second.startsWith("ERROR:"));
-}
 
-TEST_F(Check_Media_Files_Test, OwnPlaylistPrintsEntriesBeepsAndMessagesInOrder)
-{
+    // A playlist prints its entries, beeps and messages in order; one the loader stops in, the error first.
     EXPECT_EQ(Check(Check_Playlist_File, "list.orx", {"#EXTORX",
                   "#TRACK", "Titre=One", "Media=/films/a.avi", "Audio=/a.wav;;/b.wav", "SousT=/films/a.sub",
                   "#TRACK", "Title=Two", "Media=$$CD2$$\\VIDEO\\B.AVI", "Audio=", "SousT=b.sub",
@@ -117,16 +167,16 @@ TEST_F(Check_Media_Files_Test, OwnPlaylistPrintsEntriesBeepsAndMessagesInOrder)
               std::pair(0, QString("OK\n1\tOne\t/films/a.avi\t/a.wav;;/b.wav\t/films/a.sub\t0\nBEEP line 8\n"
                   "2\tTwo\t/media/cdrom/VIDEO/B.AVI\t\t\t1\nMESSAGE: A subtitle entry of this playlist is not valid.\n"
                   "3\tThree\t/media/cdrom/C.AVI\t\t\t0\n")));
-}
-
-TEST_F(Check_Media_Files_Test, M3uPlaylistPrintsItsEntryNumbersAndStopsClearly)
-{
     EXPECT_EQ(Check(Check_Playlist_File, "list.m3u", {"#EXTM3U", "#EXTINF:10,First", "/music/a.mp3",
                   "#EXTINF:20,Second, part 2", "D:\\Music\\b.mp3", "#EXTINF:30,Cut"}),
               std::pair(1, QString("ERROR: list.m3u / 62, Input past end of file\n1\tFirst\t/music/a.mp3\t\t\t0\n"
                                    "2\tSecond, part 2\tD:/Music/b.mp3\t\t\t0\n")));
     EXPECT_EQ(Check(Check_Playlist_File, "list.pls", {"[playlist]", "File1=/a.mp3"}),
               std::pair(1, QString("ERROR:\n")));
+
+    // Without its configuration the program cannot read anything.
+    QFile::remove(program_.File("orvan.ini"));
+    EXPECT_TRUE(Check(Check_Subtitle_File, "film.sub", {"[BEGIN]", "", "[END]"}).second.startsWith("ERROR:"));
 }
 
 } // namespace
