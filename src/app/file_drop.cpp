@@ -53,17 +53,21 @@ bool File_Drop::eventFilter(QObject* watched, QEvent* event)
     case QEvent::DragEnter:
     case QEvent::DragMove: {
         auto* drag = static_cast<QDropEvent*>(event);
-        if (Dropped_Files(drag->mimeData()).isEmpty())
-            drag->ignore();
-        else
+        if (Takes_Drops() && !Dropped_Files(drag->mimeData()).isEmpty())
             drag->acceptProposedAction();
+        else
+            drag->ignore();
         return true;
     }
     case QEvent::Drop: {
         auto* drop = static_cast<QDropEvent*>(event);
         const QStringList files = Dropped_Files(drop->mimeData());
-        if (files.isEmpty())
-            return false;
+        // Refused rather than dropped silently: the file manager then
+        // shows that the files were not taken.
+        if (files.isEmpty() || !Takes_Drops()) {
+            drop->ignore();
+            return true;
+        }
         drop->acceptProposedAction();
         Drop(watched, files);
         return true;
@@ -73,11 +77,11 @@ bool File_Drop::eventFilter(QObject* watched, QEvent* event)
     }
 }
 
+bool File_Drop::Takes_Drops() const { return !program_.Playlist_Window().Batch().Is_Busy(); }
+
 void File_Drop::Drop(QObject* window, const QStringList& files)
 {
     Frm_PlayList& playlist_window = program_.Playlist_Window();
-    if (playlist_window.Batch().Is_Busy())
-        return;
     QStringList playlists;
     QStringList media;
     for (const QString& file : files) {

@@ -24,7 +24,7 @@ QStringList Dropped_Files(const QMimeData* data);
 // - on the player bar, the display or the subtitles, they are opened as
 //   the command line opens a file with the play switch: the first plays;
 // - anywhere, a ".sub" file becomes the subtitle of the selected track.
-// Nothing is taken while the playlist window is busy adding.
+// While the playlist window is busy adding, drags are refused.
 class File_Drop : public QObject {
     Q_OBJECT
 public:
@@ -34,6 +34,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool Takes_Drops() const;
     void Drop(QObject* window, const QStringList& files);
     void Drop_On_Playlist(const QStringList& playlists, const QStringList& media);
     void Drop_On_Player(const QStringList& playlists, const QStringList& media);

@@ -51,6 +51,7 @@ TEST_F(File_Drop_Test, MediaAndPlaylistsDroppedAreAddedOrPlayedByTheWindowTheyFa
     Start_Unrolled(program, {});
     EXPECT_FALSE(Drop(program.Player_Window(), {folder.Path()})) << "a folder is no file";
     ASSERT_TRUE(Drop(program.Playlist_Window(), {Media().Wav, Media().Mp3, folder.Path()}));
+    EXPECT_FALSE(Drop(program.Player_Window(), {Media().Wav})) << "refused, not lost, while adding";
     ASSERT_TRUE(QTest::qWaitFor([&] { return !program.Playlist_Window().Batch().Is_Busy(); }, 10000));
     ASSERT_EQ(program.Model().Track_Count(), 2);
     EXPECT_EQ(program.Model().Track(2).Path, Media().Mp3);
