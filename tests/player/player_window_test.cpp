@@ -1,14 +1,16 @@
 // The player window: its texts, its keys, the command line it reads, and the time, progress and
 // status it shows. What its skinned controls report of the mouse is the skin's tests' concern; its
-// unrolling at start, handing over to the command line once, the program's.
+// unrolling at start hands over to the command line once.
 #include "player_fixture.h"
 
 #include "player/command_line.h"
+#include "player/unroll.h"
 #include "ui/picture_button.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QSignalSpy>
+#include <QTest>
 
 namespace Orvane::Test {
 
@@ -34,6 +36,18 @@ TEST_F(Player_Window, ReportsTheCharacterCodeOfAKey)
         QApplication::sendEvent(&view, &event);
     }
     EXPECT_EQ(keys, QList<QList<QVariant>>({{98}, {66}, {0}}));
+}
+
+TEST_F(Player_Window, UnrollsInThirteenStepsOf20PixelsThenHandsOverOnce)
+{
+    Player_Unroll unroll(view);
+    QList<int> heights;
+    int handed_over = 0;
+    QObject::connect(&unroll.Timer_Display(), &QTimer::timeout, [&] { heights.append(view.height()); });
+    unroll.Start([&] { ++handed_over; });
+    QTRY_VERIFY_WITH_TIMEOUT(!unroll.Timer_Display().isActive(), 5000);
+    EXPECT_EQ(handed_over, 1);
+    EXPECT_EQ(heights, QList<int>({20, 40, 60, 80, 100, 120, 140, 160, 180, 200, 220, 240, 260, 260}));
 }
 
 // Opening what the command line names is the program's tests' concern.
