@@ -130,6 +130,25 @@ void Audio_Menus::Choose_Stream(int k)
     session_.Play();
 }
 
+void Audio_Menus::Return_To(const Track_Record& track, Audio_Choice before)
+{
+    // A file that cannot be heard (gone since it was added, or no sound in
+    // it) gives back the sound heard before, rather than silence under a
+    // checked entry naming a file no one hears.
+    Player_View& view = context_.view;
+    const int streams = track.Audio_Streams;
+    view.Set_Associated_Checked(context_.state.Audio_Choice.Associated_Number(streams), false);
+    context_.state.Audio_Choice = before;
+    if (before.Is_Stream(streams)) {
+        context_.graph.Connect_Audio_Stream(before.Stream_Number());
+        view.Set_Stream_Checked(before.Stream_Number(), true);
+    } else if (const Associated_Audio_Entry* entry =
+                   before.Is_Associated(streams) ? Associated_Entry(track, before.Associated_Number(streams)) : nullptr;
+               entry && context_.graph.Render_Associated_Audio(entry->Path)) {
+        view.Set_Associated_Checked(before.Associated_Number(streams), true);
+    }
+}
+
 void Audio_Menus::Choose_Associated(int j)
 {
     const Track_Record* track = Current_Track_Record(context_);
@@ -141,12 +160,15 @@ void Audio_Menus::Choose_Associated(int j)
     if (chosen == state.Audio_Choice || !entry)
         return;
     Media_Graph& graph = context_.graph;
+    const Audio_Choice before = state.Audio_Choice;
     context_.view.Set_Associated_Checked(j, true);
     if (!Leave_Current_Choice(*track, Next_Source::Associated))
         return;
     state.Audio_Choice = chosen;
-    if (!graph.Render_Associated_Audio(entry->Path))
+    if (!graph.Render_Associated_Audio(entry->Path)) {
         Message_Box(graph.Last_Error());
+        Return_To(*track, before);
+    }
     session_.Display().Refresh_Display();
     graph.Restore_Position();
     session_.Play();

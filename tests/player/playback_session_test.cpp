@@ -78,7 +78,7 @@ TEST_F(Playback_Session_Test, TheAudioChoiceIsKeptUpToTwiceTheStreamCount)
         EXPECT_EQ(state.Audio_Choice.Number(), kept);
         EXPECT_EQ(journal.Only({"Connect", "Render"}).join(u' '), heard);
     }
-    graph.associated_fails = true;
+    graph.unheard_file = "/media/English.wav";
     state.Audio_Choice = Audio_Choice::From_Number(3);
     session.Play_Track();
     EXPECT_EQ(boxes.Last_Text(), "cannot render /media/English.wav");
@@ -231,6 +231,27 @@ TEST_F(Audio_Menus_Test, OneAssociatedFileForAnotherLeavesInPlaceBeforeTheNextIs
     EXPECT_EQ(Sound_Calls(), QStringList({"Save_Position", "Stop", "Drop_Associated_Audio",
                                           "Render_Associated_Audio(/media/English.wav)", "Restore_Position", "Run"}));
     EXPECT_EQ(Menu_Text(view), "-,French,English*,-");
+}
+
+// A file that cannot be heard (gone since it was added) gives back the sound heard before, with one word.
+TEST_F(Audio_Menus_Test, AnAssociatedFileThatCannotBeHeardGivesBackTheSoundBefore)
+{
+    Play_Film(2, {"English"}, 2);
+    graph.unheard_file = "/media/English.wav";
+    menus().Choose_Associated(1);
+    EXPECT_EQ(boxes.Last_Text(), "cannot render /media/English.wav");
+    EXPECT_EQ(Sound_Calls(), QStringList({"Save_Position", "Disconnect_Audio_Stream(2)",
+                                          "Render_Associated_Audio(/media/English.wav)", "Connect_Audio_Stream(2)",
+                                          "Restore_Position", "Run"}));
+    EXPECT_EQ(Menu_Text(view), "-,Stream audio 1,Stream audio 2*,-,English,-");
+
+    menus().Clear_Audio_Menus(1);
+    Play_Film(0, {"French", "English"}, 1);
+    journal.Clear();
+    menus().Choose_Associated(2);
+    EXPECT_EQ(journal.Only({"Render"}), QStringList({"Render_Associated_Audio(/media/English.wav)",
+                                                     "Render_Associated_Audio(/media/French.wav)"}));
+    EXPECT_EQ(Menu_Text(view), "-,French*,English,-");
 }
 
 } // namespace Orvane::Test

@@ -72,8 +72,9 @@ public:
     bool Render_Associated_Audio(const QString& path) override
     {
         journal.Add("Render_Associated_Audio", path);
-        last_error = associated_fails ? QStringLiteral("cannot render ") + path : QString();
-        return !associated_fails;
+        const bool fails = path == unheard_file;
+        last_error = fails ? QStringLiteral("cannot render ") + path : QString();
+        return !fails;
     }
     bool Drop_Associated_Audio() override
     {
@@ -85,7 +86,8 @@ public:
 
     Call_Journal& journal;
     QString open_failure, opened_path, last_error;  // opens fail with open_failure when it is set
-    bool associated_fails = false, open = false, running = false, end_reached = false;
+    QString unheard_file;                            // an associated file that cannot be rendered
+    bool open = false, running = false, end_reached = false;
     bool drop_in_place = true;  // Drop_Associated_Audio succeeds (false: the file must be opened again)
     int pipeline_id = 0;
     double duration = 60.0, position = 0.0, saved_position = 0.0;
