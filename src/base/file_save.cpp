@@ -5,6 +5,7 @@
 #include <QRandomGenerator>
 
 #include <cerrno>
+#include <climits>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -37,7 +38,18 @@ QByteArray Target_Path(const QString& path)
 int Create_Temporary(const QByteArray& target, QByteArray& temporary)
 {
     const qsizetype slash = target.lastIndexOf('/');
-    const QByteArray prefix = target.left(slash + 1) + '.' + target.mid(slash + 1) + '.';
+    QByteArray name = target.mid(slash + 1);
+    // The temporary's name must fit where the target's did: '.', '.', up to
+    // seven random digits and ".tmp" take 13 bytes, so a long name is cut,
+    // at the start of a character.
+    constexpr qsizetype Longest_Kept = NAME_MAX - 16;
+    if (name.size() > Longest_Kept) {
+        qsizetype cut = Longest_Kept;
+        while (cut > 0 && (static_cast<unsigned char>(name[cut]) & 0xC0) == 0x80)
+            --cut;
+        name.truncate(cut);
+    }
+    const QByteArray prefix = target.left(slash + 1) + '.' + name + '.';
     for (int attempt = 0; attempt < 100; ++attempt) {
         temporary = prefix + QByteArray::number(QRandomGenerator::global()->generate(), 36) + ".tmp";
         const int fd = ::open(temporary.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);

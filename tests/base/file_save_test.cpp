@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <climits>
 #include <csignal>
 #include <sys/mount.h>
 #include <sys/resource.h>
@@ -96,6 +97,17 @@ TEST(Replace_File_Contents, KeepsTheModeAndWritesThroughALink)
     ASSERT_EQ(::stat(QFile::encodeName(real).constData(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777, 0640u);
     EXPECT_EQ(Entries(folder.Path()), (QStringList{"link.ini", "real.ini"}));
+}
+
+// The temporary beside a file whose name takes all the system allows still fits.
+TEST(Replace_File_Contents, SavesAFileWithTheLongestNameAllowed)
+{
+    Temp_Folder folder;
+    const QString name = QString(NAME_MAX / 2 - 2, QChar(0xE9)) + QStringLiteral(".orx");  // two bytes each
+    ASSERT_EQ(QFile::encodeName(name).size(), NAME_MAX - 1);
+    folder.Write(name, Old_Content);
+    EXPECT_TRUE(Replace_File_Contents(folder.File(name), "new\r\n"));
+    EXPECT_EQ(Entries(folder.Path()), QStringList{name});
 }
 
 } // namespace
