@@ -26,6 +26,8 @@ protected:
         Init_Skin_Resources();
         window.Set_Filters(Build_Open_Dialog_Filters(*bench.texts));
         window.Apply_Texts(*bench.texts);
+        window.Set_Key_Forwarder([this](int code) { keys << code; });
+        window.Set_Play_Track([this](int track) { played << track; });
     }
     // Media of a minute that the fake analyser knows.
     QStringList Films(const QStringList& names)
@@ -62,6 +64,7 @@ protected:
     Settings settings;
     Frm_PlayList window{bench.model, bench.state, dialog, settings, *bench.texts};
     Playlist_Panel_Tracks& tracks = *window.Pic_Playlist();
+    QList<int> keys, played;
 };
 
 TEST_F(Frm_PlayList_Test, TrackButtonsKeepTheListInStep)
@@ -112,6 +115,25 @@ TEST_F(Frm_PlayList_Test, TrackButtonsKeepTheListInStep)
 }
 
 // What the batch does on cancel is the batch's tests' concern; here the window's side of it.
+TEST_F(Frm_PlayList_Test, KeysGoToThePlayerAndDoubleClickPlays)
+{
+    Click(tracks.Btn_Ajouter.picture, {}, Films({"a.avi", "b.avi"}));
+    window.show();
+    QListView& list = *tracks.Lst_Playlist;
+    list.setCurrentIndex(list.model()->index(0, 0));
+    QTest::keyClick(&list, 'B');
+    for (Qt::Key key : {Qt::Key_5, Qt::Key_Space, Qt::Key_Shift, Qt::Key_Down})
+        QTest::keyClick(&list, key);
+    QTest::keyClick(&window, Qt::Key_F);
+    QTest::keyClick(&window, Qt::Key_F5);
+    EXPECT_EQ(keys, (QList<int>{'B', '5', ' ', 'f', 0})) << "the arrows stay with the list";
+    EXPECT_EQ(window.Window_State().Selected_Track(), 2);
+    const QPoint second = list.visualRect(list.model()->index(1, 0)).center();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, second);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, second);
+    EXPECT_EQ(played, QList<int>{2});
+}
+
 TEST_F(Frm_PlayList_Test, ABatchShowsProgressInPlaceOfTheButtonsUntilCancelled)
 {
     QStringList files;
