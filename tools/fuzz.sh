@@ -44,10 +44,12 @@ for target in "${targets[@]}"; do
     -max_total_time="$seconds" -timeout=1 -rss_limit_mb=2048 -max_len=16384 \
     -artifact_prefix="$findings/" -print_final_stats=1 "${runs[@]}" >"$log" 2>&1 || status=$?
   executions=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log" | tail -1)
+  # The time taken, shorter than SECONDS when ORVANE_FUZZ_RUNS was reached first.
+  elapsed=$(sed -n 's/^Done [0-9]* runs in \([0-9]*\) second.*/\1/p' "$log" | tail -1)
   count=$(find "$findings" -type f | wc -l)
   [ "$status" -eq 0 ] || [ "$count" -gt 0 ] || count=1  # ended badly without leaving an input
   [ "$count" -eq 0 ] || { found=1; tail -40 "$log"; }
-  summary+=("$(printf '%-14s %12s executions in %s s, %s findings' "$target" "${executions:-?}" "$seconds" "$count")")
+  summary+=("$(printf '%-14s %12s executions in %s s, %s findings' "$target" "${executions:-?}" "${elapsed:-$seconds}" "$count")")
 done
 printf '%s\n' "${summary[@]}"
 exit "$found"
