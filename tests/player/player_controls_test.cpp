@@ -59,7 +59,10 @@ TEST_F(Player_Controls_Test, KeyTableByCharacterCode)
         {" ", "Run Show_Playlist_Tab"}, {" ", "Pause"}, {"5", "Run Show_Playlist_Tab Select_Playlist_Entry(1)"},
         {"1", "Stop Set_Current_Position(0)"}, {"B", "Set_Current_Position(2)"}, {"2", "Set_Volume(-2000)"},
         {"8888", "Set_Volume(-1500) Set_Volume(-1000) Set_Volume(-500) Set_Volume(0)"},  // seven levels: 0 to 6
-        {"8", "Set_Volume(0)"}, {"f", "Enter_Full_Screen"}, {"f", "Leave_Full_Screen Show_Cursor"},
+        {"8", "Set_Volume(0)"},
+        {"2222222", "Set_Volume(-500) Set_Volume(-1000) Set_Volume(-1500) Set_Volume(-2000) Set_Volume(-2500) "
+                    "Set_Volume(-3000) Set_Volume(-3000)"},
+        {"f", "Enter_Full_Screen"}, {"f", "Leave_Full_Screen Show_Cursor"},
         {"0", "Click_Add_Video"}, {"F7", "Show_Cursor Show_Cursor"}};
     for (const auto& [keys, calls] : cases)
         EXPECT_EQ(Keys(keys).left(calls.size()), calls) << keys;
