@@ -42,7 +42,7 @@ int Create_Temporary(const QByteArray& target, QByteArray& temporary)
     // The temporary's name must fit where the target's did: '.', '.', up to
     // seven random digits and ".tmp" take 13 bytes, so a long name is cut,
     // at the start of a character.
-    constexpr qsizetype Longest_Kept = NAME_MAX - 16;
+    constexpr qsizetype Longest_Kept = NAME_MAX - 13;
     if (name.size() > Longest_Kept) {
         qsizetype cut = Longest_Kept;
         while (cut > 0 && (static_cast<unsigned char>(name[cut]) & 0xC0) == 0x80)

@@ -130,14 +130,14 @@ void Audio_Menus::Choose_Stream(int k)
     session_.Play();
 }
 
-void Audio_Menus::Return_To(const Track_Record& track, Audio_Choice before)
+void Audio_Menus::Return_To(const Track_Record& track, int unheard, Audio_Choice before)
 {
     // A file that cannot be heard (gone since it was added, or no sound in
     // it) gives back the sound heard before, rather than silence under a
     // checked entry naming a file no one hears.
     Player_View& view = context_.view;
     const int streams = track.Audio_Streams;
-    view.Set_Associated_Checked(context_.state.Audio_Choice.Associated_Number(streams), false);
+    view.Set_Associated_Checked(unheard, false);
     context_.state.Audio_Choice = before;
     if (before.Is_Stream(streams)) {
         context_.graph.Connect_Audio_Stream(before.Stream_Number());
@@ -167,7 +167,7 @@ void Audio_Menus::Choose_Associated(int j)
     state.Audio_Choice = chosen;
     if (!graph.Render_Associated_Audio(entry->Path)) {
         Message_Box(graph.Last_Error());
-        Return_To(*track, before);
+        Return_To(*track, j, before);
     }
     session_.Display().Refresh_Display();
     graph.Restore_Position();

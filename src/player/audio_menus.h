@@ -34,7 +34,7 @@ private:
     // is saved whenever the graph is rebuilt or an associated file comes
     // next; false when the rebuild failed (the player has no media then).
     bool Leave_Current_Choice(const Track_Record& track, Next_Source next);
-    void Return_To(const Track_Record& track, Audio_Choice before);
+    void Return_To(const Track_Record& track, int unheard, Audio_Choice before);
     // Takes the associated file away (in place, or by opening the file again).
     bool Leave_Associated_Audio(const Track_Record& track);
 

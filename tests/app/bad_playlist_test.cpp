@@ -45,18 +45,18 @@ using Bad_Playlist = Support::Program_Fixture;
 
 TEST_F(Bad_Playlist, LoadsToTheGoodTrackAfterThemAllWhichThenPlays)
 {
-    QString list = QStringLiteral("#EXTM3U\r\n");
+    std::vector<std::pair<QString, QString>> entries;
     for (int n = 1; n <= Bad_Files; ++n) {
         const QString bad = Make_Bad_File(folder, n);
         ASSERT_FALSE(bad.isEmpty()) << "could not make bad file " << n;
-        list += QStringLiteral("#EXTINF:4,Bad %1\r\n%2\r\n").arg(n).arg(bad);
+        entries.emplace_back(QStringLiteral("Bad %1").arg(n), bad);
     }
-    list += QStringLiteral("#EXTINF:3,Good\r\n") + Support::Media().Wav + QStringLiteral("\r\n");
+    entries.emplace_back(QStringLiteral("Good"), Support::Media().Wav);
     Program program(folder.Path());
     ASSERT_TRUE(program.Start({}));
     Playlist_Window_Batch& batch = program.Playlist_Window().Batch();
     QSignalSpy progress(&batch, &Playlist_Window_Batch::Progress);
-    batch.Load(folder.Write("bad.m3u", list.toUtf8()), program.Current_Settings(), program.Texts());
+    batch.Load(folder.Write("bad.m3u", Support::M3u(entries)), program.Current_Settings(), program.Texts());
 
     QTRY_VERIFY_WITH_TIMEOUT(!batch.Is_Busy(), 100000);
     EXPECT_EQ(progress.size() > 0 ? progress.last().at(0).toInt() : 0, Bad_Files + 1) << "progress stopped short";

@@ -19,6 +19,7 @@ namespace Orvane {
 namespace {
 
 using Action = Command_Options::Action;
+using Orvane::Test::Crlf_Lines;
 
 Command_Options Parse(const QStringList& arguments)
 {
@@ -64,8 +65,6 @@ TEST(Command_Options, EachCommandLineAsksForOneAction)
 
 const QString Resources = QStringLiteral(ORVANE_SOURCE_DIR "/resources/");
 const QString Access_Error = QStringLiteral("75, Path/File access error");
-
-QByteArray Crlf_Lines(const QStringList& lines) { return (lines.join("\r\n") + "\r\n").toUtf8(); }
 
 // The exit status and the printed lines of `orvane --check arguments`.
 std::pair<int, QStringList> Run_Orvane_Check(const QStringList& arguments)

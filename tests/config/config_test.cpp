@@ -36,8 +36,6 @@ const QStringList Good_Lines = {
     "/media/cdrom", ">CD2", "Aucun", "[VOLUME]", " 4 ", "[CONFIG]", ">Enregistrer", "0",
     "<< Do not change this file >>"};
 
-QByteArray Crlf(const QStringList& lines) { return (lines.join("\r\n") + "\r\n").toUtf8(); }
-
 QStringList With(int line, const QString& value)
 {
     QStringList lines = Good_Lines;
@@ -64,7 +62,7 @@ protected:
         actions.Rebuild_Subtitles = [this] { calls << "subtitles"; };
         actions.Write_Config = [this] { calls << "write"; };
     }
-    void Write(const QStringList& lines) { folder.Write("orvan.ini", Crlf(lines)); }
+    void Write(const QStringList& lines) { folder.Write("orvan.ini", Orvane::Test::Crlf_Lines(lines)); }
     bool Read() { return Read_Config(folder.Path(), settings, texts); }
     // Reads lines afresh; true when they were accepted without a box.
     bool Accepted(const QStringList& lines)
@@ -157,7 +155,7 @@ TEST_F(Config_Test, WritesTheLayoutReadsBackTheSameSettingsAndSaysOnceWhyAWriteF
     ASSERT_TRUE(Write_Config(folder.Path(), settings, 5));
     QStringList expected = With(Color, " 65280 ");
     expected[Volume - 1] = " 5 ";
-    EXPECT_EQ(folder.Read("orvan.ini"), Crlf(expected));
+    EXPECT_EQ(folder.Read("orvan.ini"), Orvane::Test::Crlf_Lines(expected));
     // The next start reads the volume written.
     ASSERT_TRUE(Read());
     EXPECT_EQ(settings.Volume_Setting, 5);

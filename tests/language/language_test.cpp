@@ -18,7 +18,7 @@ bool Load(Text_Table& texts, const QString& language, const QStringList& lines, 
 {
     const Orvane::Test::Temp_Folder folder;
     const QStringList file = names ? QStringList{"0.5b", "", names, ""} + lines : lines;
-    folder.Write("Lang.ini", (file.join("\r\n") + "\r\n").toUtf8());
+    folder.Write("Lang.ini", Orvane::Test::Crlf_Lines(file));
     return texts.Load_Language(folder.Path(), language);
 }
 

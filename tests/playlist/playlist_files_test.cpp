@@ -24,11 +24,6 @@ struct Recording_Target : Playlist_Load_Target {
     QList<int> beeps;
 };
 
-QByteArray Crlf_Lines(const QStringList& lines)
-{
-    return (lines.join(QStringLiteral("\r\n")) + QStringLiteral("\r\n")).toUtf8();
-}
-
 QStringList Record(const QString& title, const QString& media, const QString& audio = {}, const QString& sub = {})
 {
     return {"#TRACK", "Titre=" + title, "Media=" + media, "Audio=" + audio, "SousT=" + sub};

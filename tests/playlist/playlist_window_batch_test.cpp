@@ -7,6 +7,7 @@
 #include "playlist/playlist_window_batch.h"
 #include "playlist_test_support.h"
 #include "support/gated_analyser.h"
+#include "support/playlist_text.h"
 
 #include <QTest>
 
@@ -41,16 +42,16 @@ TEST(Playlist_Window_Batch, TracksGoInInEntryOrderAndEntryOneReplacesAsWhenAnaly
             if (track_before)
                 Add_File(each->model, "old.avi");
         }
-        QString m3u = "#EXTM3U\r\n";
+        std::vector<std::pair<QString, QString>> entries;
         for (int entry = 1; entry <= files.size(); ++entry) {
             const QString& file = files[entry - 1];
             if (!file.contains("bad"))
                 in_turn.analyser.files[file] = Gated_Analyser::Good();
             in_turn.model.Add_Track(file, {}, false, file, entry, 1);
-            m3u += "#EXTINF:1," + file + "\r\n" + file + "\r\n";
+            entries.emplace_back(file, file);
         }
         Temp_Folder folder;
-        bench.batch.Load(folder.Write("list.m3u", m3u.toUtf8()), Settings(), *bench.texts);
+        bench.batch.Load(folder.Write("list.m3u", M3u(entries)), Settings(), *bench.texts);
         QTRY_COMPARE(bench.gated->Running(), int(files.size()));
         for (int k = 0; k < answers.size(); ++k) {
             bench.gated->Release(answers[k]);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 namespace Orvane::Test {
@@ -18,5 +19,8 @@ public:
 private:
     QTemporaryDir dir_;
 };
+
+// Lines as the player's own files end them (CR LF, the last one too), in UTF-8.
+inline QByteArray Crlf_Lines(const QStringList& lines) { return (lines.join("\r\n") + "\r\n").toUtf8(); }
 
 } // namespace Orvane::Test
